@@ -1,0 +1,51 @@
+// Exports that touch only a handle and the node under it: make, copy, assign, inspect, walk
+// and destroy expressions.
+#include "api/handle.h"
+#include "core/function_node.h"
+#include "core/void_node.h"
+#include "core/well_known.h"
+
+using namespace quillon;
+
+extern "C" {
+
+QUILLON_API mathexpr* QUILLON_CALL mathexpr_create_void(void) { return ToHost(ExprHandle()); }
+
+QUILLON_API void QUILLON_CALL mathexpr_destroy(mathexpr* e) { delete HandleOf(e); }
+
+QUILLON_API mathexpr* QUILLON_CALL mathexpr_clone(mathexpr* e) { return ToHost(*HandleOf(e)); }
+
+QUILLON_API void QUILLON_CALL mathexpr_assign(mathexpr* target, mathexpr* source) {
+  *HandleOf(target) = *HandleOf(source);
+}
+
+QUILLON_API double QUILLON_CALL mathexpr_as_number(mathexpr* e) { return RootOf(e)->GetValue(); }
+
+QUILLON_API uint32_t QUILLON_CALL mathexpr_is_error(mathexpr* e) { return RootOf(e)->GetType() == ErrorType; }
+QUILLON_API uint32_t QUILLON_CALL mathexpr_is_void(mathexpr* e) { return RootOf(e)->GetType() == VoidType; }
+QUILLON_API uint32_t QUILLON_CALL mathexpr_is_symbol(mathexpr* e) { return RootOf(e)->GetType() == SymbolType; }
+
+QUILLON_API uint32_t QUILLON_CALL mathexpr_is_number(mathexpr* e) {
+  return (RootOf(e)->GetType() & (BoolType | IntType | RationalType | RealType)) != 0;
+}
+
+QUILLON_API int32_t QUILLON_CALL mathexpr_get_children(mathexpr* e) {
+  const ENode* root = RootOf(e);
+  return IsCallOf(root, fnList) ? root->childCount : 0;
+}
+
+QUILLON_API mathexpr* QUILLON_CALL mathexpr_first_child(mathexpr* e) {
+  ENode* first = RootOf(e)->firstChild;
+  return ToHost(first != nullptr ? ExprHandle(first) : ExprHandle());
+}
+
+QUILLON_API uint32_t QUILLON_CALL mathexpr_next_child(mathexpr** e) {
+  ENode* node = RootOf(*e);
+  if (node->GetType() == VoidType) return 0;
+  ENode* next = node->next;
+  delete HandleOf(*e);
+  *e = ToHost(next != nullptr ? ExprHandle(next) : ExprHandle());
+  return next != nullptr;
+}
+
+}  // extern "C"

@@ -1,0 +1,29 @@
+# Installs the build into a fresh prefix, then builds and runs a small C consumer through
+# find_package(quillon), and compiles it once more with the flags of the pkg-config file.
+file(REMOVE_RECURSE ${WORK_DIR})
+set(prefix ${WORK_DIR}/prefix)
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "failed: ${ARGN}\n${out}\n${err}")
+  endif()
+endfunction()
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${WORK_DIR}/consumer -G ${GENERATOR}
+    -DCMAKE_PREFIX_PATH=${prefix})
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/consumer)
+run(${WORK_DIR}/consumer/consumer)
+
+file(GLOB pc_file ${prefix}/lib*/pkgconfig/quillon.pc)
+set(ENV{PKG_CONFIG_PATH} "")
+get_filename_component(pc_dir ${pc_file} DIRECTORY)
+execute_process(COMMAND pkg-config --with-path=${pc_dir} --cflags --libs quillon
+  OUTPUT_VARIABLE flags RESULT_VARIABLE rc OUTPUT_STRIP_TRAILING_WHITESPACE)
+if(NOT rc EQUAL 0)
+  message(FATAL_ERROR "pkg-config does not know the installed quillon")
+endif()
+separate_arguments(flags UNIX_COMMAND "${flags}")
+run(cc -std=c99 ${CONSUMER_DIR}/consumer.c ${flags} -o ${WORK_DIR}/pc_consumer)
+get_filename_component(libdir ${pc_dir} DIRECTORY)
+set(ENV{LD_LIBRARY_PATH} ${libdir})
+run(${WORK_DIR}/pc_consumer)
