@@ -5,6 +5,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/function_catalogue.h"
@@ -68,11 +69,28 @@ Shape ExpectedShape(const std::string& name) {
   return {nullptr, attributes, 0, 0, 0, 0, 999, 0};
 }
 
+// The globals belong to the process catalogue that other suites in this binary may have built;
+// a test that defines a table of its own puts them back when it ends.
+class WellKnownGuard {
+ public:
+  WellKnownGuard() {
+    for (const CatalogueFamilySpan& family : CatalogueFamilies())
+      for (const CatalogueRow& row : family.rows)
+        if (row.wellKnown != nullptr) saved_.push_back({row.wellKnown, *row.wellKnown});
+  }
+  ~WellKnownGuard() {
+    for (const auto& [global, value] : saved_) *global = value;
+  }
+
+ private:
+  std::vector<std::pair<FunctionDef**, FunctionDef*>> saved_;
+};
+
 class CatalogueTest : public ::testing::Test {
  protected:
   void SetUp() override { DefineCatalogue(table); }
-  void TearDown() override { ForgetWellKnown(); }
   FunctionDef* Find(const char* name) const { return table.Lookup(name); }
+  WellKnownGuard guard;
   FunctionTable table;
 };
 
@@ -221,6 +239,8 @@ TEST_F(CatalogueTest, SetsExactly188DistinctWellKnownGlobals) {
 }
 
 TEST(CatalogueFamilyTest, FamiliesCanBeDefinedOneAtATime) {
+  WellKnownGuard guard;
+  ForgetWellKnown();
   FunctionTable table;
   DefineFamily(table, CatalogueFamily::Operators);
   EXPECT_EQ(table.Count(), 18u);
@@ -229,7 +249,6 @@ TEST(CatalogueFamilyTest, FamiliesCanBeDefinedOneAtATime) {
   DefineFamily(table, CatalogueFamily::Elementary);
   EXPECT_EQ(fnSqrt, table.Lookup("@sqrt"));
   EXPECT_EQ(table.Count(), 45u);
-  ForgetWellKnown();
 }
 
 // ---- The table itself
