@@ -6,6 +6,8 @@
 
 namespace quillon {
 
+class SymbolTable;
+inline SymbolTable* TableOf(mathsymtable* t) { return reinterpret_cast<SymbolTable*>(t); }
 inline ExprHandle* HandleOf(mathexpr* e) { return reinterpret_cast<ExprHandle*>(e); }
 inline ENode* RootOf(mathexpr* e) { return HandleOf(e)->Root(); }
 // Gives a handle to the host, which destroys it with mathexpr_destroy.

@@ -1,6 +1,7 @@
 // Exports that touch only a handle and the node under it: make, copy, assign, inspect, walk
 // and destroy expressions.
 #include "api/handle.h"
+#include "api/life_cycle.h"
 #include "core/function_node.h"
 #include "core/void_node.h"
 #include "core/well_known.h"
@@ -9,7 +10,10 @@ using namespace quillon;
 
 extern "C" {
 
-QUILLON_API mathexpr* QUILLON_CALL mathexpr_create_void(void) { return ToHost(ExprHandle()); }
+QUILLON_API mathexpr* QUILLON_CALL mathexpr_create_void(void) {
+  EnsureThreadContext();
+  return ToHost(ExprHandle());
+}
 
 QUILLON_API void QUILLON_CALL mathexpr_destroy(mathexpr* e) { delete HandleOf(e); }
 

@@ -176,6 +176,8 @@ void ENode::DistributeOverList() {
     item->flags &= ~FlagSettled;
     item = applied->next;
   }
+  // An empty list uses no copy of the template, which would be left over.
+  if (list->childCount == 0) templateNode->DestroyTree();
   list->flags &= ~FlagSettled;
 }
 

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "api/handle.h"
-#include "core/function_catalogue.h"
 #include "core/bool_node.h"
 #include "core/error_node.h"
 #include "core/int_node.h"
@@ -20,16 +19,8 @@ namespace {
 
 class HandleExports : public NoLeakTest {
  protected:
-  static void SetUpTestSuite() {
-    table = new FunctionTable();
-    DefineCatalogue(*table);
-  }
-  static void TearDownTestSuite() {
-    ForgetWellKnown();
-    delete table;
-  }
+  static void SetUpTestSuite() { quillon_init(); }
   static mathexpr* Host(ENode* node) { return ToHost(ExprHandle(node)); }
-  static inline FunctionTable* table = nullptr;
 };
 
 TEST_F(HandleExports, CloneSharesAndEitherHandleMayGoFirst) {

@@ -55,7 +55,7 @@ TEST_F(TreeOperations, CloneShiftedMovesOnlySeriesOutsideAggregates) {
   EXPECT_EQ(Dump(shifted.Root()), "f(x(-3),a(2),@mean(x))");
   tree.Root()->ShiftSymbols(1);
   EXPECT_EQ(Dump(tree.Root()), "f(x,a(2),@mean(x))");
-  EXPECT_EQ(tree.Root()->firstChild->Hash(), Sym(x)->Hash()) << "hash follows the new index";
+  EXPECT_EQ(tree.Root()->firstChild->Hash(), SymbolENode(x, 0, -1).Hash()) << "hash follows the new index";
 }
 
 TEST_F(TreeOperations, SpliceOfLeafAndOfNodeWithChildren) {

@@ -1,0 +1,313 @@
+// The expression parser: precedence climbing driven by the catalogue's operator arrays, with
+// priorities and associativity read from the definitions. It builds trees and never simplifies.
+// parse_exception is thrown at the first problem and caught in ParseSource alone.
+#include <cstring>
+
+#include "core/error_node.h"
+#include "core/function_node.h"
+#include "core/symbol_node.h"
+#include "core/void_node.h"
+#include "core/wildcard_node.h"
+#include "language/thread_context.h"
+#include "shared/hash.h"
+
+namespace quillon {
+namespace {
+
+// The parser's one exception; its message reaches the host behind "syntax error: ".
+class parse_exception {
+ public:
+  explicit parse_exception(SharedText message) : message(std::move(message)) {}
+  SharedText message;
+};
+
+// Messages of the parser, as hosts read them.
+constexpr const char* kMissingOperator = "missing operator between parts of expression";
+constexpr const char* kMismatchedParentheses = "mismatched parentheses";
+constexpr const char* kMissingPunctuation = "missing punctuation";
+constexpr const char* kUnexpectedCharacter = "unexpected character";
+constexpr const char* kEndsUnexpectedly = "expression ends unexpectedly";
+constexpr const char* kBadWildcard = "bad wildcard";
+constexpr const char* kNonIntegerDerivative = "non-integer derivative";
+constexpr const char* kDerivativeNotClosed = "']' not found at end of derivative";
+constexpr const char* kDerivativesDoNotMatch = "function derivatives and arguments do not match";
+constexpr const char* kArgumentsNotClosed = "')' not found after function arguments";
+constexpr const char* kMatrixIndexNonPositive = "matrix index is non-positive";
+constexpr const char* kIndexNotClosed = "')' not found after index";
+constexpr const char* kNestedTooDeeply = "expression is nested too deeply";
+
+[[noreturn]] void Fail(const char* message) { throw parse_exception(SharedText(message)); }
+
+[[noreturn]] void FailAbout(const char* before, const char* name, const char* after) {
+  throw parse_exception(before + SharedText(name, static_cast<int32_t>(strnlen(name, kNameLimit))) + after);
+}
+
+// Raw types that may stand in an expression.
+bool TypeAllowed(uint32_t rawType) {
+  switch (rawType) {
+    case 1: case 15: case 35: case 38: case 40: case 41: case 42: case 43: case 44: case 199: return true;
+    default: return false;
+  }
+}
+
+bool IndicesLegal(uint32_t rawType, int32_t count, int32_t index1, int32_t index2) {
+  switch (rawType) {
+    case 35: return count == 0;
+    case 40: case 41: return count == 2 && index1 > 0 && index2 > 0;
+    case 42: case 43: return count == 1 && index1 > 0;
+    case 44: return count <= 1;
+    default: return true;
+  }
+}
+
+// Counts one level of nesting for the life of a grammar call.
+class NestingLevel {
+ public:
+  explicit NestingLevel(int32_t& depth) : depth_(depth) {
+    if (++depth_ > kMaxNesting) {
+      --depth_;
+      Fail(kNestedTooDeeply);
+    }
+  }
+  ~NestingLevel() { --depth_; }
+  NestingLevel(const NestingLevel&) = delete;
+  NestingLevel& operator=(const NestingLevel&) = delete;
+
+ private:
+  int32_t& depth_;
+};
+
+// An operator of priority p goes on when p is above the minimum, or equal to it and the
+// operator groups to the right.
+bool GoesOn(const FunctionDef* op, int32_t minimum) {
+  return op->priority > minimum || (op->priority == minimum && op->rightAssoc == 1);
+}
+
+}  // namespace
+
+ExprHandle ThreadContext::ParseText(const SharedText& text, SymbolTable* table, uint32_t flags) {
+  stringLexer.Reset(text);
+  return ParseSource(table, &stringLexer, flags);
+}
+
+// source := expression End
+ExprHandle ThreadContext::ParseSource(SymbolTable* table, Lexer* source, uint32_t) {
+  symbols = table;
+  lexer = source;
+  nesting_ = -1;  // the top-level expression is level 0
+  try {
+    NextToken();
+    ExprHandle tree;
+    ParseExpression(tree, TopLevel, 0);
+    if (token.Kind() != TokenEnd) Fail(kMissingOperator);
+    NextToken();
+    return tree;
+  } catch (const parse_exception& failure) {
+    return ExprHandle(static_cast<ENode*>(new ErrorENode("syntax error: " + failure.message)));
+  }
+}
+
+void ThreadContext::AppendTree(ExprHandle& out, const ExprHandle& argument) {
+  out.Root()->AppendChild(argument.Root());
+}
+
+// expression := [prefix expression | primary] {postfix} {binary expression}
+void ThreadContext::ParseExpression(ExprHandle& out, Context context, int32_t minimum) {
+  NestingLevel level(nesting_);
+  out.Reset(new VoidENode());
+  FunctionDef* prefix = token.Kind() == TokenOperator ? functions->Prefix(token.Operator()) : nullptr;
+  if (prefix != nullptr && (context == RightOperand || GoesOn(prefix, minimum))) {
+    NextToken();
+    ExprHandle operand;
+    ParseExpression(operand, PrefixOperand, prefix->priority);
+    out = ExprHandle(prefix, operand);
+  } else {
+    ParsePrimary(out);
+  }
+  while (token.Kind() == TokenOperator) {
+    FunctionDef* op = functions->Postfix(token.Operator());
+    if (op == nullptr || !GoesOn(op, minimum)) break;
+    NextToken();
+    if (op->closeToken == 0) {
+      out = ExprHandle(op, out);
+      continue;
+    }
+    ExprHandle second;
+    ParseExpression(second, PostfixBracket, op->priority);
+    out = ExprHandle(op, out, second);
+    if (!token.IsOperator(static_cast<OpCode>(op->closeToken)))
+      throw parse_exception("unable to find '" + SharedText(TokenSpelling(op->closeToken)) + "' to end '" +
+                            TokenSpelling(op->token) + "'");
+    NextToken();
+  }
+  while (token.Kind() == TokenOperator) {
+    FunctionDef* op = functions->Binary(token.Operator());
+    if (op == nullptr || !GoesOn(op, minimum)) break;
+    NextToken();
+    ExprHandle right;
+    ParseExpression(right, RightOperand, op->priority);
+    out = ExprHandle(op, out, right);
+  }
+}
+
+// primary := literal | wildcard | "(" expression ")" | bracket | name
+void ThreadContext::ParsePrimary(ExprHandle& out) {
+  switch (token.Kind()) {
+    case TokenBoolean: out = ExprHandle(token.Boolean()); break;
+    case TokenInteger: out = ExprHandle(token.Integer()); break;
+    case TokenReal: out = ExprHandle(token.Real()); break;
+    case TokenString: out = ExprHandle(token.String()); break;
+    case TokenDate: out = ExprHandle(token.Date()); break;
+    case TokenIdentifier: return ParseName(out);
+    case TokenWildcard: return ParseWildcard(out);
+    case TokenNone: out = ExprHandle(); return;
+    case TokenEnd: Fail(kEndsUnexpectedly);
+    case TokenOperator: {
+      if (token.IsOperator(TokOpenParen)) {
+        NextToken();
+        ParseExpression(out, TopLevel, 0);
+        if (!token.IsOperator(TokCloseParen)) Fail(kMismatchedParentheses);
+        break;
+      }
+      if (token.IsOperator(TokHash)) {
+        NextToken();
+        out = ExprHandle(static_cast<ENode*>(new WildcardENode(token.Integer(), 0)));
+        break;
+      }
+      FunctionDef* bracket = functions->Bracket(token.Operator());
+      if (bracket == nullptr) Fail(kUnexpectedCharacter);
+      return ParseBracket(out, bracket);
+    }
+    default: Fail(kUnexpectedCharacter);
+  }
+  NextToken();
+}
+
+// wildcard := Wildcard Integer
+void ThreadContext::ParseWildcard(ExprHandle& out) {
+  const char kind = token.Wildcard();
+  NextToken();
+  if (token.Kind() != TokenInteger) Fail(kBadWildcard);
+  out = ExprHandle(static_cast<ENode*>(new WildcardENode(token.Integer(), kind)));
+  NextToken();
+}
+
+// bracket := open [expression {"," expression}] close
+void ThreadContext::ParseBracket(ExprHandle& out, FunctionDef* def) {
+  out = ExprHandle(def);
+  NextToken();
+  if (token.IsOperator(static_cast<OpCode>(def->closeToken))) return NextToken();
+  for (;;) {
+    ExprHandle item;
+    ParseExpression(item, TopLevel, 0);
+    AppendTree(out, item);
+    if (token.Kind() != TokenOperator) Fail(kMissingPunctuation);
+    if (token.IsOperator(TokComma)) {
+      NextToken();
+      continue;
+    }
+    if (token.IsOperator(static_cast<OpCode>(def->closeToken))) return NextToken();
+    Fail(kMissingPunctuation);
+  }
+}
+
+// name := function-call | symbol-reference; catalogued functions come first, so that a symbol
+// can never hide one.
+void ThreadContext::ParseName(ExprHandle& out) {
+  char name[kNameLimit];
+  CopyName(name, token.Identifier());
+  const uint32_t hash = NameHash(name, 0);
+  if (FunctionDef* def = functions->Lookup(name, hash)) return ParseFunctionCall(out, def->alias != nullptr ? def->alias : def);
+  SymbolDef* symbol = symbols != nullptr ? symbols->Resolve(name, hash) : nullptr;
+  if (symbol == nullptr) FailAbout("unrecognized identifier '", name, "'");
+  ParseSymbolReference(out, symbol, name);
+}
+
+// function-call := name ["[" [Integer {"," Integer}] "]"] ["(" [expression {"," expression}] ")"]
+void ThreadContext::ParseFunctionCall(ExprHandle& out, FunctionDef* def) {
+  out = ExprHandle(def);
+  NextToken();
+  int32_t derivativeCommas = 0;
+  if (token.IsOperator(TokOpenBracket))
+    static_cast<FunctionENode*>(out.Root())->derivative = ParseDerivativeNotation(&derivativeCommas);
+  if (!token.IsOperator(TokOpenParen)) return;
+  NextToken();
+  int32_t argumentCommas = 0;
+  if (!token.IsOperator(TokCloseParen)) {
+    for (;;) {
+      ExprHandle argument;
+      ParseExpression(argument, TopLevel, 0);
+      AppendTree(out, argument);
+      if (token.Kind() != TokenOperator) Fail(kArgumentsNotClosed);
+      if (!token.IsOperator(TokComma)) break;
+      NextToken();
+      ++argumentCommas;
+    }
+    if (!token.IsOperator(TokCloseParen)) Fail(kArgumentsNotClosed);
+  }
+  NextToken();
+  if (derivativeCommas > 0 && derivativeCommas != argumentCommas) Fail(kDerivativesDoNotMatch);
+}
+
+// Four bits per argument, argument 1 lowest; values are not masked and run into the next
+// fields, and the shift wraps at 32.
+uint32_t ThreadContext::ParseDerivativeNotation(int32_t* commas) {
+  uint32_t derivative = 0;
+  uint32_t shift = 0;
+  NextToken();
+  if (token.IsOperator(TokCloseBracket)) {
+    NextToken();
+    return 0;
+  }
+  if (token.Kind() != TokenInteger) Fail(kNonIntegerDerivative);
+  for (;;) {
+    derivative = (derivative & ~(15u << shift)) | (static_cast<uint32_t>(token.Integer()) << shift);
+    NextToken();
+    if (token.Kind() != TokenOperator) Fail(kDerivativeNotClosed);
+    if (!token.IsOperator(TokComma)) break;
+    NextToken();
+    ++*commas;
+    shift = (shift + 4) & 31;
+    if (token.Kind() != TokenInteger) Fail(kNonIntegerDerivative);
+  }
+  if (!token.IsOperator(TokCloseBracket)) Fail(kDerivativeNotClosed);
+  NextToken();
+  return derivative;
+}
+
+// symbol-reference := name ["(" index ["," index] ")"], index := {"+" | "-"} Integer
+void ThreadContext::ParseSymbolReference(ExprHandle& out, SymbolDef* symbol, const char* name) {
+  if (!TypeAllowed(symbol->rawType)) FailAbout("object '", name, "' is of a type not allowed in expressions");
+  NextToken();
+  int32_t index1 = 0, index2 = -1, count = 0;
+  if (token.IsOperator(TokOpenParen)) {
+    NextToken();
+    index1 = ParseSignedIndex(name);
+    count = 1;
+    if (token.IsOperator(TokComma)) {
+      NextToken();
+      index2 = ParseSignedIndex(name);
+      if (index2 < 0) Fail(kMatrixIndexNonPositive);
+      count = 2;
+    }
+    if (!token.IsOperator(TokCloseParen)) Fail(kIndexNotClosed);
+    NextToken();
+  }
+  if (!IndicesLegal(symbol->rawType, count, index1, index2))
+    FailAbout("'", name, "' has illegal indices for object type");
+  out = ExprHandle(symbol, index1, index2);
+}
+
+int32_t ThreadContext::ParseSignedIndex(const char* name) {
+  bool negative = false;
+  while (token.IsOperator(TokPlus) || token.IsOperator(TokMinus)) {
+    negative = negative != token.IsOperator(TokMinus);
+    NextToken();
+  }
+  if (token.Kind() != TokenInteger) FailAbout("unrecognized function '", name, "' or non-integer index");
+  const uint32_t value = static_cast<uint32_t>(token.Integer());
+  NextToken();
+  return static_cast<int32_t>(negative ? 0u - value : value);
+}
+
+}  // namespace quillon

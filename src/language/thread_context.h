@@ -1,0 +1,77 @@
+// ThreadContext: the parser's state for one thread (catalogue, symbol table, character source,
+// current token), and the parser itself, whose grammar functions are its members.
+#pragma once
+
+#include <cstdint>
+#include <mutex>
+#include <unordered_set>
+
+#include "core/expr_handle.h"
+#include "core/function_table.h"
+#include "language/lexer.h"
+#include "language/symbol_table.h"
+#include "language/token.h"
+
+namespace quillon {
+
+// Deepest nesting of brackets, calls, indices, prefix operators and right operands that the
+// parser accepts; it keeps every walk that recurses with nesting well inside a 1 MiB stack.
+inline constexpr int32_t kMaxNesting = 256;
+
+class ThreadContext {
+ public:
+  explicit ThreadContext(FunctionTable* functions) : functions(functions) {}
+  ThreadContext(const ThreadContext&) = delete;
+  ThreadContext& operator=(const ThreadContext&) = delete;
+
+  // Parses text into an unsimplified tree; a syntax error gives a tree that is one ErrorENode
+  // "syntax error: ...". The flags are handed on and not used.
+  ExprHandle ParseText(const SharedText& text, SymbolTable* table, uint32_t flags);
+
+  FunctionTable* functions;
+  SymbolTable* symbols = nullptr;
+  Lexer* lexer = nullptr;
+  Token token;
+  StringLexer stringLexer;
+
+ private:
+  // Where an expression stands: at the top or in brackets, as a right operand, as the operand
+  // of a prefix operator, inside a postfix bracket.
+  enum Context { TopLevel = 0, RightOperand = 1, PrefixOperand = 2, PostfixBracket = 3 };
+
+  ExprHandle ParseSource(SymbolTable* table, Lexer* source, uint32_t flags);
+  void ParseExpression(ExprHandle& out, Context context, int32_t minimum);
+  void ParsePrimary(ExprHandle& out);
+  void ParseWildcard(ExprHandle& out);
+  void ParseBracket(ExprHandle& out, FunctionDef* def);
+  void ParseName(ExprHandle& out);
+  void ParseFunctionCall(ExprHandle& out, FunctionDef* def);
+  uint32_t ParseDerivativeNotation(int32_t* commas);
+  void ParseSymbolReference(ExprHandle& out, SymbolDef* symbol, const char* name);
+  int32_t ParseSignedIndex(const char* name);
+  void NextToken() { lexer->NextToken(token); }
+  // Appends the tree of an argument to the node of out.
+  static void AppendTree(ExprHandle& out, const ExprHandle& argument);
+
+  int32_t nesting_ = 0;
+};
+
+// The calling thread's context word: null until quillon_init runs on the thread.
+ThreadContext*& ContextWord();
+
+// The threads that have passed through quillon_init, by the address of their context word. A
+// thread that ends frees its context and leaves the set, so that the set never holds the address
+// of storage that is gone. Callers hold InitLock() around all three.
+void RegisterThisThread();
+template <class Visit>
+void ForEachContextWord(Visit visit);
+std::mutex& InitLock();
+
+std::unordered_set<ThreadContext**>& ThreadSet();
+
+template <class Visit>
+void ForEachContextWord(Visit visit) {
+  for (ThreadContext** word : ThreadSet()) visit(*word);
+}
+
+}  // namespace quillon
