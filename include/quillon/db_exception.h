@@ -25,10 +25,8 @@ class db_exception {
 
 // The code raised when a working array cannot be allocated.
 inline constexpr int32_t kCodeArrayAllocation = 1929;
-// The codes raised by the shared layer's own text handling and by a user break.
-inline constexpr int32_t kCodeSyntax = 900;
+// The codes raised by a user break and by a field tokenizer asked past its end.
 inline constexpr int32_t kCodeUserBreak = 902;
 inline constexpr int32_t kCodeTextIncomplete = 904;
-inline constexpr int32_t kCodePatternsIncompatible = 905;
 
 }  // namespace quillon
