@@ -1,5 +1,6 @@
-// The calendar of the shared layer: day numbers and civil dates, weeks and business days, times of
-// day, frequency codes, date text by format letters, holidays, Easter, time zones and free date text.
+// The calendar of the shared layer: day numbers and civil dates, weeks and business days, times
+// of day, frequency codes, date text by format letters, holidays, Easter, time zones and free
+// date text.
 // Calls report failure by false or by -1 and never throw.
 #pragma once
 

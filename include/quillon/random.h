@@ -128,7 +128,8 @@ inline constexpr int32_t kMTwisterWords = 624;
 
 struct MTwisterState {
   std::array<uint32_t, kMTwisterWords> words{};
-  int32_t index = kMTwisterWords + 1;  // kMTwisterWords + 1: never seeded; kMTwisterWords: refill due
+  // kMTwisterWords + 1: never seeded; kMTwisterWords: a refill is due.
+  int32_t index = kMTwisterWords + 1;
 };
 
 // MT19937 with the seeding of 1998 ("MT4"); 4357 when used unseeded.

@@ -170,7 +170,9 @@ bool RenderItem(const FormatItem& row, const DateParts& d, std::string& out) {
       out = Styled(std::string_view(kWeekdayNames[Weekday(d.dayNumber) - 1]).substr(0, 3),
                    row.style);
       return true;
-    case Item::WeekdayName: out = Styled(kWeekdayNames[Weekday(d.dayNumber) - 1], row.style); return true;
+    case Item::WeekdayName:
+      out = Styled(kWeekdayNames[Weekday(d.dayNumber) - 1], row.style);
+      return true;
     case Item::Hour: out = Number(hour, row); return true;
     case Item::Hour12: out = Number(hour % 12 == 0 ? 12 : hour % 12, row); return true;
     case Item::Minute: out = Number(d.time / 60000 % 60, row); return true;

@@ -189,7 +189,8 @@ bool OrderFields(const std::vector<DateField>& f, DateOrder order, OrderedDate& 
 bool ReadDate(std::string_view text, const DateTextOptions& options, int32_t& dayNumber) {
   std::vector<DateField> fields;
   OrderedDate date;
-  if (!ReadFields(text, options.blanksSeparate, fields) || !OrderFields(fields, options.order, date))
+  if (!ReadFields(text, options.blanksSeparate, fields) ||
+      !OrderFields(fields, options.order, date))
     return false;
   if (date.day.digits == 0 || date.year.digits == 0) return false;
   return DayNumberFromCivil(date.year.value, date.month.value, date.day.value, dayNumber,
@@ -211,7 +212,11 @@ bool ReadDateText(std::string_view text, int32_t& dayNumber, int32_t& time,
   text = Trimmed(text);
   const size_t timeAt = TimeStart(text);
   std::string_view datePart = Trimmed(text.substr(0, timeAt));
-  if (timeAt < text.size() && !datePart.empty() && (datePart.back() == 'T' || datePart.back() == 't'))
+  // A "T" between date and time, but not the last letter of a month name ("Oct").
+  const size_t n = datePart.size();
+  const bool marked = n >= 2 && (datePart[n - 1] == 'T' || datePart[n - 1] == 't') &&
+                      !IsLetter(datePart[n - 2]);
+  if (timeAt < text.size() && marked)
     datePart = Trimmed(datePart.substr(0, datePart.size() - 1));
   if (datePart.empty() && timeAt == text.size()) return false;
   if (!datePart.empty() && !ReadDate(datePart, options, dayNumber)) return false;

@@ -12,8 +12,10 @@ constexpr int32_t kDaysIn100Years = 36524;
 constexpr int32_t kDaysIn4Years = 1461;
 
 // First day of each month, counted from 1, and the day after the year's last.
-constexpr int32_t kMonthStartCommon[13] = {1, 32, 60, 91, 121, 152, 182, 213, 244, 274, 305, 335, 366};
-constexpr int32_t kMonthStartLeap[13] = {1, 32, 61, 92, 122, 153, 183, 214, 245, 275, 306, 336, 367};
+constexpr int32_t kMonthStartCommon[13] = {1,   32,  60,  91,  121, 152, 182,
+                                           213, 244, 274, 305, 335, 366};
+constexpr int32_t kMonthStartLeap[13] = {1,   32,  61,  92,  122, 153, 183,
+                                         214, 245, 275, 306, 336, 367};
 
 const int32_t* MonthStarts(int32_t year) {
   return IsLeapYear(year) ? kMonthStartLeap : kMonthStartCommon;

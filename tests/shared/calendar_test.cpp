@@ -11,7 +11,8 @@ namespace {
 
 int32_t Day(int32_t year, int32_t month, int32_t day) {
   int32_t dayNumber;
-  EXPECT_TRUE(DayNumberFromCivil(year, month, day, dayNumber)) << year << "-" << month << "-" << day;
+  EXPECT_TRUE(DayNumberFromCivil(year, month, day, dayNumber))
+      << year << "-" << month << "-" << day;
   return dayNumber;
 }
 
@@ -291,6 +292,7 @@ TEST(ReadDateText, DatesTimesAndFailures) {
       {"12am", {}, true, "none", 0},
       {"12 pm", {}, true, "none", TimeOfDay(12, 0, 0, 0)},
       {"Mar 2024", {}, true, "2024-03-01", kNoTime},
+      {"2024 Oct 9:05", {}, true, "2024-10-01", TimeOfDay(9, 5, 0, 0)},
       {"20240305", {}, true, "2024-03-05", kNoTime},
       {"2024-03/05", {}, false, "none", kNoTime},
       {"March 5rd 2024", {}, false, "none", kNoTime},
