@@ -11,6 +11,8 @@
 #include "core/tree_walk.h"
 #include "core/void_node.h"
 
+#include <utility>
+
 namespace quillon {
 
 ExprHandle::ExprHandle() : ExprHandle(new VoidENode()) {}
@@ -19,6 +21,11 @@ ExprHandle::ExprHandle(ENode* node) : node_(node) { ++node_->useCount; }
 
 ExprHandle& ExprHandle::operator=(const ExprHandle& other) {
   Reset(other.node_);
+  return *this;
+}
+
+ExprHandle& ExprHandle::operator=(ExprHandle&& other) noexcept {
+  std::swap(node_, other.node_);
   return *this;
 }
 

@@ -20,7 +20,12 @@ class ExprHandle {
   explicit ExprHandle(ENode* node);
   ExprHandle(const ExprHandle& other) : ExprHandle(other.node_) {}
   ExprHandle& operator=(const ExprHandle& other);
-  ~ExprHandle() { Release(node_); }
+  // A moved-from handle holds nothing and may only be destroyed or assigned to.
+  ExprHandle(ExprHandle&& other) noexcept : node_(other.node_) { other.node_ = nullptr; }
+  ExprHandle& operator=(ExprHandle&& other) noexcept;
+  ~ExprHandle() {
+    if (node_ != nullptr) Release(node_);
+  }
 
   // Settled literal nodes.
   explicit ExprHandle(bool value);

@@ -97,8 +97,7 @@ ExprHandle ThreadContext::ParseSource(SymbolTable* table, Lexer* source, uint32_
   nesting_ = -1;  // the top-level expression is level 0
   try {
     NextToken();
-    ExprHandle tree;
-    ParseExpression(tree, TopLevel, 0);
+    ExprHandle tree = ParseExpression(TopLevel, 0);
     if (token.Kind() != TokenEnd) Fail(kMissingOperator);
     NextToken();
     return tree;
@@ -111,19 +110,23 @@ void ThreadContext::AppendTree(ExprHandle& out, const ExprHandle& argument) {
   out.Root()->AppendChild(argument.Root());
 }
 
-// expression := [prefix expression | primary] {postfix} {binary expression}
-void ThreadContext::ParseExpression(ExprHandle& out, Context context, int32_t minimum) {
-  NestingLevel level(nesting_);
-  out.Reset(new VoidENode());
+ExprHandle ThreadContext::TakeLiteral(ExprHandle literal) {
+  NextToken();
+  return literal;
+}
+
+// operand := prefix expression | primary
+ExprHandle ThreadContext::ParseOperand(Context context, int32_t minimum) {
   FunctionDef* prefix = token.Kind() == TokenOperator ? functions->Prefix(token.Operator()) : nullptr;
-  if (prefix != nullptr && (context == RightOperand || GoesOn(prefix, minimum))) {
-    NextToken();
-    ExprHandle operand;
-    ParseExpression(operand, PrefixOperand, prefix->priority);
-    out = ExprHandle(prefix, operand);
-  } else {
-    ParsePrimary(out);
-  }
+  if (prefix == nullptr || (context != RightOperand && !GoesOn(prefix, minimum))) return ParsePrimary();
+  NextToken();
+  return ExprHandle(prefix, ParseExpression(PrefixOperand, prefix->priority));
+}
+
+// expression := operand {postfix} {binary expression}
+ExprHandle ThreadContext::ParseExpression(Context context, int32_t minimum) {
+  NestingLevel level(nesting_);
+  ExprHandle out = ParseOperand(context, minimum);
   while (token.Kind() == TokenOperator) {
     FunctionDef* op = functions->Postfix(token.Operator());
     if (op == nullptr || !GoesOn(op, minimum)) break;
@@ -132,9 +135,7 @@ void ThreadContext::ParseExpression(ExprHandle& out, Context context, int32_t mi
       out = ExprHandle(op, out);
       continue;
     }
-    ExprHandle second;
-    ParseExpression(second, PostfixBracket, op->priority);
-    out = ExprHandle(op, out, second);
+    out = ExprHandle(op, out, ParseExpression(PostfixBracket, op->priority));
     if (!token.IsOperator(static_cast<OpCode>(op->closeToken)))
       throw parse_exception("unable to find '" + SharedText(TokenSpelling(op->closeToken)) + "' to end '" +
                             TokenSpelling(op->token) + "'");
@@ -144,100 +145,92 @@ void ThreadContext::ParseExpression(ExprHandle& out, Context context, int32_t mi
     FunctionDef* op = functions->Binary(token.Operator());
     if (op == nullptr || !GoesOn(op, minimum)) break;
     NextToken();
-    ExprHandle right;
-    ParseExpression(right, RightOperand, op->priority);
-    out = ExprHandle(op, out, right);
+    out = ExprHandle(op, out, ParseExpression(RightOperand, op->priority));
   }
+  return out;
 }
 
 // primary := literal | wildcard | "(" expression ")" | bracket | name
-void ThreadContext::ParsePrimary(ExprHandle& out) {
+ExprHandle ThreadContext::ParsePrimary() {
   switch (token.Kind()) {
-    case TokenBoolean: out = ExprHandle(token.Boolean()); break;
-    case TokenInteger: out = ExprHandle(token.Integer()); break;
-    case TokenReal: out = ExprHandle(token.Real()); break;
-    case TokenString: out = ExprHandle(token.String()); break;
-    case TokenDate: out = ExprHandle(token.Date()); break;
-    case TokenIdentifier: return ParseName(out);
-    case TokenWildcard: return ParseWildcard(out);
-    case TokenNone: out = ExprHandle(); return;
+    case TokenBoolean: return TakeLiteral(ExprHandle(token.Boolean()));
+    case TokenInteger: return TakeLiteral(ExprHandle(token.Integer()));
+    case TokenReal: return TakeLiteral(ExprHandle(token.Real()));
+    case TokenString: return TakeLiteral(ExprHandle(token.String()));
+    case TokenDate: return TakeLiteral(ExprHandle(token.Date()));
+    case TokenIdentifier: return ParseName();
+    case TokenWildcard: return ParseWildcard();
+    case TokenNone: return ExprHandle();
     case TokenEnd: Fail(kEndsUnexpectedly);
     case TokenOperator: {
       if (token.IsOperator(TokOpenParen)) {
         NextToken();
-        ParseExpression(out, TopLevel, 0);
+        ExprHandle inner = ParseExpression(TopLevel, 0);
         if (!token.IsOperator(TokCloseParen)) Fail(kMismatchedParentheses);
-        break;
+        return TakeLiteral(std::move(inner));
       }
       if (token.IsOperator(TokHash)) {
         NextToken();
-        out = ExprHandle(static_cast<ENode*>(new WildcardENode(token.Integer(), 0)));
-        break;
+        return TakeLiteral(ExprHandle(static_cast<ENode*>(new WildcardENode(token.Integer(), 0))));
       }
       FunctionDef* bracket = functions->Bracket(token.Operator());
       if (bracket == nullptr) Fail(kUnexpectedCharacter);
-      return ParseBracket(out, bracket);
+      return ParseBracket(bracket);
     }
     default: Fail(kUnexpectedCharacter);
   }
-  NextToken();
 }
 
 // wildcard := Wildcard Integer
-void ThreadContext::ParseWildcard(ExprHandle& out) {
+ExprHandle ThreadContext::ParseWildcard() {
   const char kind = token.Wildcard();
   NextToken();
   if (token.Kind() != TokenInteger) Fail(kBadWildcard);
-  out = ExprHandle(static_cast<ENode*>(new WildcardENode(token.Integer(), kind)));
-  NextToken();
+  return TakeLiteral(ExprHandle(static_cast<ENode*>(new WildcardENode(token.Integer(), kind))));
 }
 
 // bracket := open [expression {"," expression}] close
-void ThreadContext::ParseBracket(ExprHandle& out, FunctionDef* def) {
-  out = ExprHandle(def);
+ExprHandle ThreadContext::ParseBracket(FunctionDef* def) {
+  ExprHandle out(def);
   NextToken();
-  if (token.IsOperator(static_cast<OpCode>(def->closeToken))) return NextToken();
+  if (token.IsOperator(static_cast<OpCode>(def->closeToken))) return TakeLiteral(std::move(out));
   for (;;) {
-    ExprHandle item;
-    ParseExpression(item, TopLevel, 0);
-    AppendTree(out, item);
+    AppendTree(out, ParseExpression(TopLevel, 0));
     if (token.Kind() != TokenOperator) Fail(kMissingPunctuation);
     if (token.IsOperator(TokComma)) {
       NextToken();
       continue;
     }
-    if (token.IsOperator(static_cast<OpCode>(def->closeToken))) return NextToken();
+    if (token.IsOperator(static_cast<OpCode>(def->closeToken))) return TakeLiteral(std::move(out));
     Fail(kMissingPunctuation);
   }
 }
 
 // name := function-call | symbol-reference; catalogued functions come first, so that a symbol
 // can never hide one.
-void ThreadContext::ParseName(ExprHandle& out) {
+ExprHandle ThreadContext::ParseName() {
   char name[kNameLimit];
   CopyName(name, token.Identifier());
   const uint32_t hash = NameHash(name, 0);
-  if (FunctionDef* def = functions->Lookup(name, hash)) return ParseFunctionCall(out, def->alias != nullptr ? def->alias : def);
+  if (FunctionDef* def = functions->Lookup(name, hash)) return ParseFunctionCall(def->alias != nullptr ? def->alias : def);
   SymbolDef* symbol = symbols != nullptr ? symbols->Resolve(name, hash) : nullptr;
   if (symbol == nullptr) FailAbout("unrecognized identifier '", name, "'");
-  ParseSymbolReference(out, symbol, name);
+  return ParseSymbolReference(symbol, name);
 }
 
 // function-call := name ["[" [Integer {"," Integer}] "]"] ["(" [expression {"," expression}] ")"]
-void ThreadContext::ParseFunctionCall(ExprHandle& out, FunctionDef* def) {
-  out = ExprHandle(def);
+ExprHandle ThreadContext::ParseFunctionCall(FunctionDef* def) {
+  ExprHandle out(def);
   NextToken();
   int32_t derivativeCommas = 0;
   if (token.IsOperator(TokOpenBracket))
     static_cast<FunctionENode*>(out.Root())->derivative = ParseDerivativeNotation(&derivativeCommas);
-  if (!token.IsOperator(TokOpenParen)) return;
+  if (!token.IsOperator(TokOpenParen)) return out;
   NextToken();
   int32_t argumentCommas = 0;
   if (!token.IsOperator(TokCloseParen)) {
     for (;;) {
-      ExprHandle argument;
-      ParseExpression(argument, TopLevel, 0);
-      AppendTree(out, argument);
+      AppendTree(out, ParseExpression(TopLevel, 0));
       if (token.Kind() != TokenOperator) Fail(kArgumentsNotClosed);
       if (!token.IsOperator(TokComma)) break;
       NextToken();
@@ -247,6 +240,7 @@ void ThreadContext::ParseFunctionCall(ExprHandle& out, FunctionDef* def) {
   }
   NextToken();
   if (derivativeCommas > 0 && derivativeCommas != argumentCommas) Fail(kDerivativesDoNotMatch);
+  return out;
 }
 
 // Four bits per argument, argument 1 lowest; values are not masked and run into the next
@@ -276,7 +270,7 @@ uint32_t ThreadContext::ParseDerivativeNotation(int32_t* commas) {
 }
 
 // symbol-reference := name ["(" index ["," index] ")"], index := {"+" | "-"} Integer
-void ThreadContext::ParseSymbolReference(ExprHandle& out, SymbolDef* symbol, const char* name) {
+ExprHandle ThreadContext::ParseSymbolReference(SymbolDef* symbol, const char* name) {
   if (!TypeAllowed(symbol->rawType)) FailAbout("object '", name, "' is of a type not allowed in expressions");
   NextToken();
   int32_t index1 = 0, index2 = -1, count = 0;
@@ -295,7 +289,7 @@ void ThreadContext::ParseSymbolReference(ExprHandle& out, SymbolDef* symbol, con
   }
   if (!IndicesLegal(symbol->rawType, count, index1, index2))
     FailAbout("'", name, "' has illegal indices for object type");
-  out = ExprHandle(symbol, index1, index2);
+  return ExprHandle(symbol, index1, index2);
 }
 
 int32_t ThreadContext::ParseSignedIndex(const char* name) {

@@ -40,18 +40,21 @@ class ThreadContext {
   enum Context { TopLevel = 0, RightOperand = 1, PrefixOperand = 2, PostfixBracket = 3 };
 
   ExprHandle ParseSource(SymbolTable* table, Lexer* source, uint32_t flags);
-  void ParseExpression(ExprHandle& out, Context context, int32_t minimum);
-  void ParsePrimary(ExprHandle& out);
-  void ParseWildcard(ExprHandle& out);
-  void ParseBracket(ExprHandle& out, FunctionDef* def);
-  void ParseName(ExprHandle& out);
-  void ParseFunctionCall(ExprHandle& out, FunctionDef* def);
+  ExprHandle ParseExpression(Context context, int32_t minimum);
+  ExprHandle ParseOperand(Context context, int32_t minimum);
+  ExprHandle ParsePrimary();
+  ExprHandle ParseWildcard();
+  ExprHandle ParseBracket(FunctionDef* def);
+  ExprHandle ParseName();
+  ExprHandle ParseFunctionCall(FunctionDef* def);
   uint32_t ParseDerivativeNotation(int32_t* commas);
-  void ParseSymbolReference(ExprHandle& out, SymbolDef* symbol, const char* name);
+  ExprHandle ParseSymbolReference(SymbolDef* symbol, const char* name);
   int32_t ParseSignedIndex(const char* name);
   void NextToken() { lexer->NextToken(token); }
   // Appends the tree of an argument to the node of out.
   static void AppendTree(ExprHandle& out, const ExprHandle& argument);
+  // The literal of the current token, which is read past.
+  ExprHandle TakeLiteral(ExprHandle literal);
 
   int32_t nesting_ = 0;
 };
