@@ -4,6 +4,7 @@
 
 #include "core/function_catalogue.h"
 #include "language/thread_context.h"
+#include "rewrite/rule_catalogue.h"
 #include "quillon.h"
 
 namespace quillon {
@@ -38,6 +39,7 @@ QUILLON_API void QUILLON_CALL quillon_init(void) {
   functionTable = new FunctionTable();
   word = new ThreadContext(functionTable);
   DefineCatalogue(*functionTable);
+  AttachRuleCatalogue(*word);
 }
 
 // Frees every thread's context and the catalogue. Contexts are cleared as they are freed, so a

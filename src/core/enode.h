@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "core/exact_numbers.h"
 #include "shared/shared_text.h"
 
 namespace quillon {
@@ -37,11 +38,6 @@ inline constexpr uint32_t kNodeModeBits = 0xFFFF0000u;
 double NA();
 bool IsNA(double value);
 
-struct RationalPair {
-  int32_t numerator;
-  int32_t denominator;
-};
-
 class ENode {
  public:
   ENode(const ENode&) = delete;
@@ -55,7 +51,7 @@ class ENode {
   virtual uint32_t GetType() const = 0;
   virtual bool IsNegative() const { return false; }
   virtual void Negate() {}
-  virtual RationalPair GetRational() const { return {0, 0}; }
+  virtual Rational GetRational() const { return {0, 0}; }
   // Value of the node when wildcards of kind T and S read tables t and s; GetValue elsewhere.
   virtual double GetValueAt(const double* t, const double* s) const;
   virtual double GetValue() const { return NA(); }

@@ -48,6 +48,17 @@ class ExprHandle {
   // Points the handle at another node (borrowed), letting go of the old one.
   void Reset(ENode* node);
 
+  // For the driver: the handle's use of its root is given up while rules may replace or free the
+  // root, and taken again on whatever root stands at the end.
+  ENode* LendRoot() {
+    --node_->useCount;
+    return node_;
+  }
+  void ReturnRoot(ENode* root) {
+    node_ = root;
+    ++node_->useCount;
+  }
+
   // A handle on a tree the caller may change: the tree itself when that is safe, else a Clone.
   // TakeOrClone: the root is free. TakeOrCloneSingle: free and used by at most this handle.
   // TakeOrCloneDeep: also no node below the root is held by a handle.

@@ -13,12 +13,6 @@ namespace {
 constexpr uint32_t kSumOrProduct = AttrCommutative | AttrAssociative | AttrCollapseSingle |
                                    AttrOrderFromLast | AttrOrderThrough;
 
-// Rewrite modes that @N, @expand, @factor and @deriv add for their arguments.
-constexpr uint32_t kChildNumeric = 0x10000;      // ModeNumeric
-constexpr uint32_t kChildExpand = 0x20000;       // ModeExpand
-constexpr uint32_t kChildFactor = 0x40000;       // ModeFactor
-constexpr uint32_t kChildTimeExpand = 0x80000;   // ModeTimeExpand
-
 // The one machine form in the catalogue: two doubles to a double.
 constexpr const char* kTwoDoubles = "2dd_d";
 
@@ -458,7 +452,7 @@ const CatalogueRow kFinanceRows[] = {
 
 // ---- Calculus
 const CatalogueRow kCalculusRows[] = {
-    {.name = "@deriv",            .attributes = AttrCollapseSingle, .childMode = kChildTimeExpand,
+    {.name = "@deriv",            .attributes = AttrCollapseSingle, .childMode = ModeTimeExpand,
                                   .wellKnown = &fnDeriv},
     {.name = "@derivx",           .wellKnown = &fnDerivx},
     {.name = "@HasUnknownDerivs", .wellKnown = &fnHasUnknownDerivs},
@@ -490,9 +484,9 @@ const CatalogueRow kListAlgebraRows[] = {
 
 // ---- Mode wrappers and time expansion
 const CatalogueRow kModeWrappersRows[] = {
-    {.name = "@N",         .attributes = AttrCollapseSingle, .childMode = kChildNumeric},
-    {.name = "@expand",    .attributes = AttrCollapseSingle, .childMode = kChildExpand},
-    {.name = "@factor",    .attributes = AttrCollapseSingle, .childMode = kChildFactor},
+    {.name = "@N",         .attributes = AttrCollapseSingle, .childMode = ModeNumeric},
+    {.name = "@expand",    .attributes = AttrCollapseSingle, .childMode = ModeExpand},
+    {.name = "@factor",    .attributes = AttrCollapseSingle, .childMode = ModeFactor},
     {.name = "@expandtime"},
     {.name = "@flatten"},
 };

@@ -13,7 +13,7 @@ class IntENode final : public ENode {
   bool IsNegative() const override { return value < 0; }
   // -(-2147483648) stays -2147483648, as 32-bit negation wraps.
   void Negate() override { value = static_cast<int32_t>(0u - static_cast<uint32_t>(value)); }
-  RationalPair GetRational() const override { return {value, 1}; }
+  Rational GetRational() const override { return {value, 1}; }
   double GetValue() const override { return value; }
   uint32_t Hash() const override;
   ENode* CloneNode() const override { return new IntENode(value); }

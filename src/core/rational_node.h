@@ -14,7 +14,7 @@ class RationalENode final : public ENode {
   uint32_t GetType() const override { return RationalType; }
   bool IsNegative() const override { return numerator < 0; }
   void Negate() override { numerator = static_cast<int32_t>(0u - static_cast<uint32_t>(numerator)); }
-  RationalPair GetRational() const override { return {numerator, denominator}; }
+  Rational GetRational() const override { return {numerator, denominator}; }
   double GetValue() const override;
   uint32_t Hash() const override;
   ENode* CloneNode() const override { return new RationalENode(numerator, denominator, FlagSettled); }

@@ -8,6 +8,19 @@ namespace quillon {
 
 class ENode;
 
+// Modes of a rewrite. The bits below 0x10000 are modes of a whole pass; the bits from 0x10000 up
+// may also stand in the high half of one node's flags, and then count for that node alone.
+enum RewriteMode : uint32_t {
+  ModeSimplify = 0x1,
+  ModeCanonical = 0x2,
+  ModeDisplay = 0x4,
+  ModeNumeric = 0x10000,     // with ModeSimplify: rationals become reals
+  ModeExpand = 0x20000,      // products and powers distribute
+  ModeFactor = 0x40000,      // sums factor
+  ModeTimeExpand = 0x80000,  // lags and differences become plain lagged forms
+  ModeFlatten = 0x100000,    // the driver's flattening alone
+};
+
 // Result contract of Apply, the same for every rule:
 //  - *node is the function node the rule is attached to; its children are settled or held.
 //  - 0: the rule did not apply, or (a few rules) replaced the node and wants the walk of the

@@ -15,6 +15,7 @@
 #include "core/symbol_def.h"
 #include "core/symbol_node.h"
 #include "core/wildcard_node.h"
+#include "quillon.h"
 #include "shared/hash.h"
 
 namespace quillon::testing {
@@ -70,10 +71,14 @@ inline std::string Dump(const ENode* node) {
   return text + ")";
 }
 
-// Checks that every node a test made is gone by its end.
+// Checks that every node a test made is gone by its end. The library is started first, so that
+// the trees of the rule catalogue are counted before the test begins.
 class NoLeakTest : public ::testing::Test {
  protected:
-  void SetUp() override { start_ = LiveNodeCount(); }
+  void SetUp() override {
+    mathexpr_destroy(mathexpr_create_void());
+    start_ = LiveNodeCount();
+  }
   void TearDown() override { EXPECT_EQ(LiveNodeCount(), start_) << "nodes left alive"; }
 
  private:

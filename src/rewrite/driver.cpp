@@ -1,0 +1,202 @@
+// The rewrite driver. Every symbolic operation is a rule, and this is the one loop that runs
+// them: children first, then the rules of the node's function, to a fixed point.
+//
+// What a settled tree is guaranteed to have, in the modes that ran:
+//  - ModeSimplify: no function node has a child of its own associative function, no node of a
+//    collapsing function has a single child, and the children of commutative functions are in
+//    NodeOrder; no ErrorENode stands below the root.
+//  - ModeCanonical: no @minus, @divide, @UnaryMinus, @UnaryPlus, @sqrt or @inv (their rules
+//    replace them by @plus, @times and @pow).
+//  - every node has FlagSettled, and no rule of the mode would change it.
+//
+// The descent keeps its frames on the heap, so that a chain of any depth (a long unflattened sum
+// in the canonical stage) never reaches the end of the stack.
+#include "rewrite/driver.h"
+
+#include <vector>
+
+#include "core/function_node.h"
+#include "core/node_order.h"
+#include "core/rational_node.h"
+#include "core/real_node.h"
+
+namespace quillon {
+namespace {
+
+struct Frame {
+  ENode* node;
+  uint32_t mode;
+  ENode* cursor;      // the child the current pass looks at
+  bool inChildren;    // a pass is walking the children
+};
+
+// Puts the error child e in node's place and frees the rest; e is what the pass returns.
+ENode* HoistError(ENode* node, ENode* e) {
+  e->Unlink();
+  node->SwapPlaces(e);
+  node->DestroyTree();
+  return e;
+}
+
+bool Flattens(uint32_t mode, const ENode* node, const ENode* child) {
+  if ((mode & (ModeSimplify | ModeFlatten)) == 0) return false;
+  const FunctionDef* def = DefOf(node);
+  return def != nullptr && (def->attributes & AttrAssociative) != 0 && DefOf(child) == def;
+}
+
+ENode* NumericRational(ENode* node) {
+  ENode* real = new RealENode(node->GetValue());
+  node->SwapPlaces(real);
+  node->DestroyTree();
+  return real;
+}
+
+// Tries the rules of the function of node until one changes something. Returns true when node
+// (possibly replaced) is done: settled, or collapsed into its only child.
+bool RunRules(ENode*& node, uint32_t mode) {
+  FunctionDef* def = static_cast<FunctionENode*>(node)->def;
+  for (Rule* rule = def->rules; rule != nullptr; rule = rule->next) {
+    if ((rule->mode & ((node->flags & kNodeModeBits) | mode)) == 0) continue;
+    if (rule->Apply(&node) != 0) return (node->flags & FlagSettled) != 0;
+  }
+  node->flags |= FlagSettled;
+  return true;
+}
+
+// The second half of a pass, after the children: returns the node that ends the frame, or null
+// when another pass must run on *node.
+ENode* Dispatch(ENode*& node, uint32_t mode) {
+  const uint32_t type = node->GetType();
+  if (type == RationalType) {
+    if ((mode & ModeNumeric) != 0 && (mode & ModeSimplify) != 0) node = NumericRational(node);
+    node->flags |= FlagSettled;
+    return node;
+  }
+  if (type != FunctionType) {
+    node->flags |= FlagSettled;
+    return node;
+  }
+  const FunctionDef* def = static_cast<FunctionENode*>(node)->def;
+  if ((mode & ModeSimplify) != 0) {
+    if ((def->attributes & AttrCollapseSingle) != 0 && node->childCount == 1) {
+      ENode* only = node->firstChild;
+      node->Splice();
+      return only;
+    }
+    if ((def->attributes & AttrCommutative) != 0 && node->childCount > 1) SortChildren(node);
+  }
+  return RunRules(node, mode) ? node : nullptr;
+}
+
+}  // namespace
+
+ENode* Rewrite(ENode* root, uint32_t mode) {
+  std::vector<Frame> frames{{root, mode, nullptr, false}};
+  ENode* finished = nullptr;  // result of the frame that just ended, for its parent
+  for (;;) {
+    Frame& frame = frames.back();
+    if (finished != nullptr) {
+      frame.cursor = finished;  // the rewritten child is looked at again by the tests below
+      finished = nullptr;
+    } else if (!frame.inChildren) {
+      frame.inChildren = true;
+      frame.cursor = frame.node->firstChild;
+    }
+    const FunctionDef* def = DefOf(frame.node);
+    const uint32_t childMode = (def != nullptr ? def->childMode : 0) | frame.mode;
+    ENode* result = nullptr;
+    bool descend = false;
+    while (ENode* child = frame.cursor) {
+      if (child->GetType() == ErrorType) {
+        result = HoistError(frame.node, child);
+        break;
+      }
+      if (Flattens(frame.mode, frame.node, child)) {
+        ENode* following = child->firstChild != nullptr ? child->firstChild : child->next;
+        child->Splice();
+        frame.cursor = following;
+        continue;
+      }
+      if ((child->flags & (FlagSettled | FlagHeld)) == 0) {
+        descend = true;
+        break;
+      }
+      frame.cursor = child->next;
+    }
+    if (descend) {
+      frames.push_back({frame.cursor, childMode, nullptr, false});
+      continue;
+    }
+    if (result == nullptr) {
+      result = Dispatch(frame.node, frame.mode);
+      if (result == nullptr) {
+        frame.inChildren = false;  // another pass on the node that now stands here
+        continue;
+      }
+    }
+    frames.pop_back();
+    if (frames.empty()) return result;
+    finished = result;
+  }
+}
+
+void Evaluate(ExprHandle& handle, uint32_t mode) {
+  ENode* root = handle.LendRoot();
+  uint32_t rest = mode;
+  if ((mode & ModeCanonical) != 0) {
+    root = Rewrite(root, ModeCanonical);
+    rest &= ~ModeCanonical;
+    root->ClearFlagsByType(RationalType | FunctionType | WildcardType, FlagSettled);
+  }
+  if ((rest & ~ModeDisplay) != 0) root = Rewrite(root, rest & ~ModeDisplay);
+  if ((mode & ModeDisplay) != 0) {
+    root->ClearFlagsByType(FunctionType, FlagSettled);
+    root = Rewrite(root, ModeDisplay);
+  }
+  handle.ReturnRoot(root);
+}
+
+// Bottom-up: runs of width 1, 2, 4, ... are merged along the next links, then the prev links
+// and the ends are restored. A left node is taken while it does not sort after the right one, so
+// equal nodes keep their order.
+void SortChildren(ENode* node) {
+  const int32_t n = node->childCount;
+  ENode* list = node->firstChild;
+  for (int32_t width = 1; width < n; width *= 2) {
+    ENode* merged = nullptr;
+    ENode** link = &merged;
+    for (ENode* rest = list; rest != nullptr;) {
+      ENode* left = rest;
+      int32_t leftCount = 0;
+      for (; rest != nullptr && leftCount < width; ++leftCount) rest = rest->next;
+      ENode* right = rest;
+      int32_t rightCount = 0;
+      for (; rest != nullptr && rightCount < width; ++rightCount) rest = rest->next;
+      while (leftCount > 0 || rightCount > 0) {
+        ENode* taken;
+        if (leftCount > 0 && (rightCount == 0 || NodeOrder(left, right) <= 0)) {
+          taken = left;
+          left = left->next;
+          --leftCount;
+        } else {
+          taken = right;
+          right = right->next;
+          --rightCount;
+        }
+        *link = taken;
+        link = &taken->next;
+      }
+    }
+    *link = nullptr;
+    list = merged;
+  }
+  ENode* previous = nullptr;
+  for (ENode* c = list; c != nullptr; c = c->next) {
+    c->prev = previous;
+    previous = c;
+  }
+  node->firstChild = list;
+  node->lastChild = previous;
+}
+
+}  // namespace quillon

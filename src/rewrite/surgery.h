@@ -1,0 +1,31 @@
+// Tree surgery that the rules share: tests of numeric nodes, replacing a node by a new one, and
+// wrapping a node in a new function node. Every rule that rebuilds a node goes through these.
+#pragma once
+
+#include <cstdint>
+
+#include "core/enode.h"
+#include "core/function_def.h"
+
+namespace quillon {
+
+// Bool, Int, Rational or Real.
+bool IsNumeric(const ENode* node);
+// An IntENode of exactly this value.
+bool IsIntValue(const ENode* node, int32_t value);
+
+// `fresh` (a free node) takes old's place; old and its subtree are freed (nodes that handles
+// still use survive as free trees). Returns fresh.
+ENode* ReplaceNode(ENode* old, ENode* fresh);
+
+// A new node of def takes node's place, with node as its only child. Returns the new node, which
+// is unsettled.
+ENode* WrapIn(FunctionDef* def, ENode* node);
+
+// A new unsettled function node of def without children.
+ENode* NewCall(FunctionDef* def);
+
+// Takes `child` (linked anywhere) out of its place and appends it to parent. Returns child.
+ENode* MoveToEnd(ENode* parent, ENode* child);
+
+}  // namespace quillon
