@@ -1,0 +1,35 @@
+// Calculus: derivatives, Taylor expansion and the implicit form of an equation, each a call of
+// its catalogued operation.
+#include "api/rule_call.h"
+#include "core/int_node.h"
+#include "core/well_known.h"
+#include "rewrite/driver.h"
+
+using namespace quillon;
+
+extern "C" {
+
+QUILLON_API mathexpr* QUILLON_CALL mathexpr_deriv(mathexpr* f, mathexpr* x) { return CallForHost(fnDeriv, {f, x}); }
+
+QUILLON_API mathexpr* QUILLON_CALL mathexpr_deriv2(mathexpr* f, mathexpr* x, mathexpr* y) {
+  return CallForHost(fnDeriv, {f, x, y});
+}
+
+QUILLON_API mathexpr* QUILLON_CALL mathexpr_derivx(mathexpr* f, mathexpr* x, int32_t n) {
+  return CallForHost(fnDerivx, {f, x, CallArgument(new IntENode(n))});
+}
+
+QUILLON_API mathexpr* QUILLON_CALL mathexpr_taylor(mathexpr* f, mathexpr* x, mathexpr* x0, int32_t n) {
+  return CallForHost(fnTaylor, {f, x, x0, CallArgument(new IntENode(n))});
+}
+
+// In place: the tree of e becomes the argument of @implicit (taken, not copied, when e holds
+// its root alone), and e ends on the answer.
+QUILLON_API void QUILLON_CALL mathexpr_make_implicit(mathexpr* e) {
+  ExprHandle call(fnImplicit, *HandleOf(e));
+  *HandleOf(e) = ExprHandle();
+  Evaluate(call, ModeSimplify | ModeCanonical);
+  *HandleOf(e) = call;
+}
+
+}  // extern "C"

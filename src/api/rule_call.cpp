@@ -1,0 +1,20 @@
+// The frame shared by all rule wrappers; see rule_call.h.
+#include "api/rule_call.h"
+
+#include "core/function_node.h"
+#include "rewrite/driver.h"
+
+namespace quillon {
+
+ExprHandle EvaluateCall(FunctionDef* def, std::initializer_list<CallArgument> arguments) {
+  ExprHandle call(def);
+  for (const CallArgument& argument : arguments) call.Root()->AppendChild(argument.node);
+  Evaluate(call, ModeSimplify | ModeCanonical);
+  return call;
+}
+
+mathexpr* CallForHost(FunctionDef* def, std::initializer_list<CallArgument> arguments) {
+  return ToHost(EvaluateCall(def, arguments));
+}
+
+}  // namespace quillon
