@@ -160,6 +160,11 @@ void Evaluate(ExprHandle& handle, uint32_t mode) {
 // and the ends are restored. A left node is taken while it does not sort after the right one, so
 // equal nodes keep their order.
 void SortChildren(ENode* node) {
+  // A pass after a rule fired meets children that are mostly in order already; a sorted list
+  // would come out of the merges unchanged, so one walk decides whether to merge at all.
+  bool sorted = true;
+  for (const ENode* c = node->firstChild; sorted && c->next != nullptr; c = c->next) sorted = NodeOrder(c, c->next) <= 0;
+  if (sorted) return;
   const int32_t n = node->childCount;
   ENode* list = node->firstChild;
   for (int32_t width = 1; width < n; width *= 2) {

@@ -1,0 +1,25 @@
+# End-to-end runs of the quillon program: output, exit statuses and the standard-input batch.
+function(expect name expected_status expected_out)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT status EQUAL expected_status OR NOT out STREQUAL expected_out)
+    message(SEND_ERROR "${name}: status ${status} (wanted ${expected_status})\n"
+                       "stdout: [${out}]\nwanted: [${expected_out}]\nstderr: [${err}]")
+  endif()
+  set(last_err "${err}" PARENT_SCOPE)
+endfunction()
+
+expect("raw and spaced" 0 "a - b - c\na - (b - c)\n" ${CLI} --raw --spaced "(a-b)-c" "a-(b-c)")
+expect("evaluated sum" 0 "-3+x+x*y\n" ${CLI} "x + x*y - 3")
+expect("syntax error" 1 "1\n" ${CLI} --raw "1" "2 3")
+if(NOT last_err STREQUAL "syntax error: missing operator between parts of expression\n")
+  message(SEND_ERROR "error message on stderr: [${last_err}]")
+endif()
+expect("unknown option" 2 "" ${CLI} --bogus)
+expect("declared matrix" 1 "m(1,2)\n" ${CLI} --raw --matrix m "m(1,2)" "m(1)")
+execute_process(COMMAND ${CLI} --help RESULT_VARIABLE status OUTPUT_VARIABLE out)
+if(NOT status EQUAL 0 OR NOT out MATCHES "--series A,B")
+  message(SEND_ERROR "help: status ${status}, text [${out}]")
+endif()
+
+file(WRITE ${WORK_DIR}/batch.txt "1+2\n\n(1\nlog(x(-1))\n")
+expect("batch from a pipe" 1 "3\nlog(x(-1))\n" ${CLI} - INPUT_FILE ${WORK_DIR}/batch.txt)
