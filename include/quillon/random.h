@@ -68,6 +68,13 @@ void KnuthStart(KnuthLagBuffer& lag, uint32_t seed);
 // State of both lagged Fibonacci classes. Values are read from the batch by pointer until the
 // end mark (-1.0 in cell kKnuthLongLag) or one of the class's two sentinel cells is met.
 struct KnuthStream {
+  // The next value of the batch; false at the negative sentinel that ends it.
+  bool Take(double* value) {
+    if (*next < 0) return false;
+    *value = *next++;
+    return true;
+  }
+
   KnuthLagBuffer lag{};
   std::array<double, kKnuthBatch> batch{};
   const double* next = nullptr;
@@ -84,12 +91,8 @@ class RndGenKnuth02 : public RndGen {
   int32_t Type() const override { return kRndGenKnuth02; }
   void Seed(uint32_t seed) override;
   double Next() final {
-    const double value = *stream_.next;
-    if (value >= 0) {
-      ++stream_.next;
-      return value;
-    }
-    return NextBatch();
+    double value;
+    return stream_.Take(&value) ? value : NextBatch();
   }
 
  private:
@@ -108,12 +111,8 @@ class RndGenKnuth : public RndGen {
   void SeedFrom(RndGen& other) override;
   void Seed(uint32_t seed) override;
   double Next() final {
-    const double value = *stream_.next;
-    if (value >= 0) {
-      ++stream_.next;
-      return value;
-    }
-    return NextBatch();
+    double value;
+    return stream_.Take(&value) ? value : NextBatch();
   }
 
  private:
