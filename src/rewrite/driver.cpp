@@ -53,10 +53,19 @@ ENode* NumericRational(ENode* node) {
 
 // Tries the rules of the function of node until one changes something. Returns true when node
 // (possibly replaced) is done: settled, or collapsed into its only child.
+// The bits that select rules: the pass's mode and the node's own high bits. The canonical stage
+// only replaces friendly functions, so the high bits that wrappers such as @factor hand to their
+// arguments wait for the middle stage there: factoring an unsorted, unflattened sum would
+// give nested results.
+uint32_t SelectingBits(const ENode* node, uint32_t mode) {
+  if ((mode & ModeCanonical) != 0) return mode & ~kNodeModeBits;
+  return (node->flags & kNodeModeBits) | mode;
+}
+
 bool RunRules(ENode*& node, uint32_t mode) {
   FunctionDef* def = static_cast<FunctionENode*>(node)->def;
   for (Rule* rule = def->rules; rule != nullptr; rule = rule->next) {
-    if ((rule->mode & ((node->flags & kNodeModeBits) | mode)) == 0) continue;
+    if ((rule->mode & SelectingBits(node, mode)) == 0) continue;
     if (rule->Apply(&node) != 0) return (node->flags & FlagSettled) != 0;
   }
   node->flags |= FlagSettled;
