@@ -2,24 +2,22 @@
 // comes back unevaluated, and the result readers never misread such an answer.
 #include <gtest/gtest.h>
 
-#include "support/api_helpers.h"
+#include "support/expression_test.h"
 
 namespace quillon::testing {
 namespace {
 
-class RuleWrappers : public NoLeakTest {
+class RuleWrappers : public ExpressionTest {
  protected:
   void SetUp() override {
-    NoLeakTest::SetUp();
-    table = mathsymtable_create(nullptr, 1);
+    ExpressionTest::SetUp();
     f = mathexpr_create(table, "log(x)");
     x = mathexpr_create(table, "x");
   }
   void TearDown() override {
     mathexpr_destroy(f);
     mathexpr_destroy(x);
-    mathsymtable_destroy(table);
-    NoLeakTest::TearDown();
+    ExpressionTest::TearDown();
   }
   // The structure of a wrapper's answer; the answer is destroyed.
   static std::string Answer(mathexpr* e) {
@@ -27,7 +25,6 @@ class RuleWrappers : public NoLeakTest {
     mathexpr_destroy(e);
     return s;
   }
-  mathsymtable* table = nullptr;
   mathexpr* f = nullptr;
   mathexpr* x = nullptr;
 };

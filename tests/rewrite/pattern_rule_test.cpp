@@ -3,11 +3,9 @@
 // what the catalogue never shows: repeated wildcards, unused bindings, texts that do not parse.
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "language/thread_context.h"
 #include "rewrite/pattern_rule.h"
-#include "support/api_helpers.h"
+#include "support/expression_test.h"
 
 namespace quillon::testing {
 namespace {
@@ -17,11 +15,7 @@ constexpr uint32_t kSimplify = 3;
 constexpr uint32_t kDisplay = 4;
 constexpr uint32_t kRoundTrip = 7;  // simplify, then the forms for reading
 
-const struct {
-  const char* text;
-  uint32_t mode;
-  const char* expected;
-} kCatalogueRows[] = {
+const StructureRow kCatalogueRows[] = {
     // Derivative notation selects the closed form; other orders and arities stay.
     {"@sin[1](x)", kSimplify, "@cos(x)"},
     {"@sin[2](x)", kSimplify, "@sin[2](x)"},
@@ -82,27 +76,9 @@ const struct {
     {"@max(#1)", "@min(", "@max(a)", true, "<\"syntax error: expression ends unexpectedly\">"},
 };
 
-class PatternRules : public NoLeakTest {
- protected:
-  void SetUp() override {
-    NoLeakTest::SetUp();
-    table = mathsymtable_create(nullptr, 1);
-  }
-  void TearDown() override {
-    mathsymtable_destroy(table);
-    NoLeakTest::TearDown();
-  }
-  mathsymtable* table = nullptr;
-};
+using PatternRules = ExpressionTest;
 
-TEST_F(PatternRules, CatalogueRows) {
-  for (const auto& row : kCatalogueRows) {
-    mathexpr* e = mathexpr_create(table, row.text);
-    mathexpr_evaluate(e, row.mode);
-    EXPECT_EQ(Structure(e), row.expected) << row.text << " in mode " << row.mode;
-    mathexpr_destroy(e);
-  }
-}
+TEST_F(PatternRules, CatalogueRows) { ExpectStructures(kCatalogueRows); }
 
 // Applies a rule to the root of a parsed, unsimplified subject, as the driver would.
 TEST_F(PatternRules, OwnRules) {

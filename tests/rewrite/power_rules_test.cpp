@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "support/api_helpers.h"
+#include "support/expression_test.h"
 
 namespace quillon::testing {
 namespace {
@@ -14,11 +14,7 @@ constexpr uint32_t kExpand = 3 | 0x20000;   // the same with expansion in the wh
 constexpr uint32_t kNumeric = 3 | 0x10000;  // the same with rationals turned into reals
 constexpr uint32_t kExpandOnly = 0x20000;   // expansion without sorting or collapsing
 
-const struct {
-  const char* text;
-  uint32_t mode;
-  const char* expected;
-} kStructureRows[] = {
+const StructureRow kStructureRows[] = {
     // Numeric bases: exact while root and power fit 32 bits, then the double power.
     {"2^10", kSimplify, "1024"},
     {"2^-2", kSimplify, "(1/4)"},
@@ -78,10 +74,7 @@ const struct {
 };
 
 // Only the exponent -1 turns into a quotient; @sqrt is left to its own display rule.
-const struct {
-  const char* text;
-  const char* expected;
-} kDisplayRows[] = {
+const TextRow kDisplayRows[] = {
     {"x^-1", "1/x"},
     {"(x+1)^-1", "1/(1+x)"},
     {"x^-2", "x^-2"},
@@ -89,38 +82,11 @@ const struct {
     {"x^(-1/2)", "x^(-1/2)"},
 };
 
-class PowerRules : public NoLeakTest {
- protected:
-  void SetUp() override {
-    NoLeakTest::SetUp();
-    table = mathsymtable_create(nullptr, 1);
-  }
-  void TearDown() override {
-    mathsymtable_destroy(table);
-    NoLeakTest::TearDown();
-  }
-  mathsymtable* table = nullptr;
-};
+using PowerRules = ExpressionTest;
 
-TEST_F(PowerRules, Structures) {
-  for (const auto& row : kStructureRows) {
-    mathexpr* e = mathexpr_create(table, row.text);
-    mathexpr_evaluate(e, row.mode);
-    EXPECT_EQ(Structure(e), row.expected) << row.text << " in mode " << row.mode;
-    mathexpr_destroy(e);
-  }
-}
+TEST_F(PowerRules, Structures) { ExpectStructures(kStructureRows); }
 
-TEST_F(PowerRules, DisplayText) {
-  for (const auto& row : kDisplayRows) {
-    mathexpr* e = mathexpr_create(table, row.text);
-    mathexpr_evaluate(e, kSimplify);
-    char buffer[64];
-    mathexpr_as_text(e, buffer, sizeof buffer, nullptr, 0);
-    EXPECT_STREQ(buffer, row.expected) << row.text;
-    mathexpr_destroy(e);
-  }
-}
+TEST_F(PowerRules, DisplayText) { ExpectTexts(kDisplayRows, kSimplify); }
 
 TEST_F(PowerRules, TwelfthPowerOfThreeTermsHasEveryComposition) {
   mathexpr* e = mathexpr_create(table, "@expand((a+b+c)^12)");

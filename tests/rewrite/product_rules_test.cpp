@@ -2,46 +2,15 @@
 // a sum, powers of one base, expansion, and the display forms with quotients and unary minus.
 #include <gtest/gtest.h>
 
-#include <span>
-
-#include "support/api_helpers.h"
+#include "support/expression_test.h"
 
 namespace quillon::testing {
 namespace {
 
-struct Row {
-  const char* text;
-  uint32_t mode;
-  const char* expected;  // structure of the result
-  uint32_t type = 0;     // class of the root, where it matters
-};
-
-class ProductRules : public NoLeakTest {
- protected:
-  void SetUp() override {
-    NoLeakTest::SetUp();
-    table_ = mathsymtable_create(nullptr, 1);
-  }
-  void TearDown() override {
-    mathsymtable_destroy(table_);
-    NoLeakTest::TearDown();
-  }
-  void Check(std::span<const Row> rows) {
-    for (const Row& row : rows) {
-      mathexpr* e = mathexpr_create(table_, row.text);
-      mathexpr_evaluate(e, row.mode);
-      EXPECT_EQ(Structure(e), row.expected) << row.text << " in mode " << row.mode;
-      if (row.type != 0) {
-        EXPECT_EQ(RootOf(e)->GetType(), row.type) << row.text;
-      }
-      mathexpr_destroy(e);
-    }
-  }
-  mathsymtable* table_ = nullptr;
-};
+using ProductRules = ExpressionTest;
 
 TEST_F(ProductRules, LeadingNumbersFoldAndZeroOrOneDecide) {
-  static const Row kRows[] = {
+  static const StructureRow kRows[] = {
       {"2*3*x", 3, "@times(6,x)"},
       {"x*3*2", 3, "@times(6,x)"},
       {"2*3", 3, "6", IntType},
@@ -61,22 +30,22 @@ TEST_F(ProductRules, LeadingNumbersFoldAndZeroOrOneDecide) {
       {"TRUE*0.5", 3, "0.5", RealType},
       {"TRUE*(1/2)", 3, "NA", RationalType},  // a truth value has no rational: 0/0
   };
-  Check(kRows);
+  ExpectStructures(kRows);
 }
 
 TEST_F(ProductRules, OnlyMinusOneDistributesOverASum) {
-  static const Row kRows[] = {
+  static const StructureRow kRows[] = {
       {"-1*(a+b)", 3, "@plus(@times(-1,a),@times(-1,b))"},
       {"(a+b)*(-1)", 3, "@plus(@times(-1,a),@times(-1,b))"},
       {"-1*(a+b)*c", 3, "@times(-1,@plus(a,b),c)"},
       {"2*(a+b)", 3, "@times(2,@plus(a,b))"},
       {"-2*(a+b)", 3, "@times(-2,@plus(a,b))"},
   };
-  Check(kRows);
+  ExpectStructures(kRows);
 }
 
 TEST_F(ProductRules, NeighboursOfEqualBaseMerge) {
-  static const Row kRows[] = {
+  static const StructureRow kRows[] = {
       {"x*x", 3, "@pow(x,2)"},
       {"x^2*x^3", 3, "@pow(x,5)"},
       {"x*y*x", 3, "@times(@pow(x,2),y)"},
@@ -87,11 +56,11 @@ TEST_F(ProductRules, NeighboursOfEqualBaseMerge) {
       {"x*x^-1", 3, "1"},
       {"x^a*y^a", 3, "@times(@pow(x,a),@pow(y,a))"},
   };
-  Check(kRows);
+  ExpectStructures(kRows);
 }
 
 TEST_F(ProductRules, ExpandMultipliesOutOnlyInsideTheWrapper) {
-  static const Row kRows[] = {
+  static const StructureRow kRows[] = {
       {"@expand((a+b)*(c+f))", 3, "@plus(@times(a,c),@times(b,c),@times(a,f),@times(b,f))"},
       {"@expand(2*(a+b)*c)", 3, "@plus(@times(2,a,c),@times(2,b,c))"},
       {"@expand((a+b)*(c+f)*(g+h))", 3,
@@ -102,11 +71,11 @@ TEST_F(ProductRules, ExpandMultipliesOutOnlyInsideTheWrapper) {
       {"(a+b)*c", 3, "@times(@plus(a,b),c)"},
       {"@expand((a+b)*(a+b))", 3, "@plus(@pow(a,2),@times(2,a,b),@pow(b,2))"},  // a power first
   };
-  Check(kRows);
+  ExpectStructures(kRows);
 }
 
 TEST_F(ProductRules, DisplayMakesQuotientsAndUnaryMinus) {
-  static const Row kRows[] = {
+  static const StructureRow kRows[] = {
       {"x*y^-1", 7, "@divide(x,y)"},
       {"y^-1*x", 7, "@divide(x,y)"},
       {"2*x*y^-1*z^-2", 7, "@divide(@times(2,x),@times(y,@pow(z,2)))"},
@@ -122,26 +91,16 @@ TEST_F(ProductRules, DisplayMakesQuotientsAndUnaryMinus) {
       {"-1*(1/y)", 7, "@divide(-1,y)"},
       {"-2*x", 7, "@times(-2,x)"},
   };
-  Check(kRows);
+  ExpectStructures(kRows);
 }
 
 TEST_F(ProductRules, DisplayText) {
-  static const struct {
-    const char* text;
-    const char* expected;
-  } kRows[] = {
+  static const TextRow kRows[] = {
       {"2*x*y^-1*z^-2", "2*x/(y*z^2)"},
       {"x*y^(-1/2)", "x/@sqrt(y)"},
       {"-a*b/c", "-a*b/c"},
   };
-  for (const auto& row : kRows) {
-    mathexpr* e = mathexpr_create(table_, row.text);
-    mathexpr_evaluate(e, 3);
-    char text[128];
-    mathexpr_as_text(e, text, sizeof text, nullptr, 0);
-    EXPECT_STREQ(text, row.expected) << row.text;
-    mathexpr_destroy(e);
-  }
+  ExpectTexts(kRows, 3);
 }
 
 }  // namespace

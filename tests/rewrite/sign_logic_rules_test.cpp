@@ -2,10 +2,8 @@
 // and the numeric rules of log and exp, through the exports.
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "core/bool_node.h"
-#include "support/api_helpers.h"
+#include "support/expression_test.h"
 
 namespace quillon::testing {
 namespace {
@@ -13,11 +11,7 @@ namespace {
 constexpr uint32_t kCanonical = 2;  // no sorting, no arithmetic
 constexpr uint32_t kSimplify = 3;   // canonical, then simplify
 
-const struct {
-  const char* text;
-  uint32_t mode;
-  const char* expected;
-} kStructureRows[] = {
+const StructureRow kStructureRows[] = {
     // The canonical stage only rebuilds: no sorting, flattening or folding yet.
     {"+x", kCanonical, "x"},
     {"-x", kCanonical, "@times(-1,x)"},
@@ -66,48 +60,18 @@ const struct {
     {"exp(1.0)", kSimplify, "2.7182818284590451"},
 };
 
-const struct {
-  const char* text;
-  const char* expected;
-} kTextRows[] = {
+const TextRow kTextRows[] = {
     {"a - b", "a-b"},
     {"a / b", "a/b"},
     {"-x", "-x"},
     {"a - b/c", "a-b/c"},
 };
 
-class SignLogicRules : public NoLeakTest {
- protected:
-  void SetUp() override {
-    NoLeakTest::SetUp();
-    table = mathsymtable_create(nullptr, 1);
-  }
-  void TearDown() override {
-    mathsymtable_destroy(table);
-    NoLeakTest::TearDown();
-  }
-  mathsymtable* table = nullptr;
-};
+using SignLogicRules = ExpressionTest;
 
-TEST_F(SignLogicRules, Structure) {
-  for (const auto& row : kStructureRows) {
-    mathexpr* e = mathexpr_create(table, row.text);
-    mathexpr_evaluate(e, row.mode);
-    EXPECT_EQ(Structure(e), row.expected) << row.text << " in mode " << row.mode;
-    mathexpr_destroy(e);
-  }
-}
+TEST_F(SignLogicRules, Structure) { ExpectStructures(kStructureRows); }
 
-TEST_F(SignLogicRules, TextRoundTrip) {
-  for (const auto& row : kTextRows) {
-    mathexpr* e = mathexpr_create(table, row.text);
-    mathexpr_evaluate(e, kSimplify);
-    char text[64] = {};
-    mathexpr_as_text(e, text, sizeof text - 1, nullptr, 0);
-    EXPECT_STREQ(text, row.expected) << row.text;
-    mathexpr_destroy(e);
-  }
-}
+TEST_F(SignLogicRules, TextRoundTrip) { ExpectTexts(kTextRows, kSimplify); }
 
 // A sum of truth values leaves a value other than 0 and 1: @and takes it for false and @or for
 // true, and either way it is the result.

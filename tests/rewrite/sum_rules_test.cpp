@@ -2,10 +2,10 @@
 // factoring mode, and the display form with subtraction.
 #include <gtest/gtest.h>
 
-#include <cstddef>
+#include <span>
 
 #include "core/rule.h"
-#include "support/api_helpers.h"
+#include "support/expression_test.h"
 
 namespace quillon::testing {
 namespace {
@@ -13,62 +13,23 @@ namespace {
 constexpr uint32_t kSimplify = ModeCanonical | ModeSimplify;
 constexpr uint32_t kFactor = kSimplify | ModeFactor;
 
-struct Row {
-  const char* text;
-  uint32_t mode;
-  const char* expected;   // structure after mathexpr_evaluate(mode)
-  uint32_t rootType = 0;  // class of the root, checked when not 0
-};
-
-struct TextRow {
-  const char* text;
-  const char* expected;  // mathexpr_as_text after mathexpr_evaluate(kSimplify)
-};
-
-class SumRules : public NoLeakTest {
+// Modes show in hex here, where the factoring bit lives.
+class SumRules : public ExpressionTest {
  protected:
-  void SetUp() override {
-    NoLeakTest::SetUp();
-    table = mathsymtable_create(nullptr, 1);
-  }
-  void TearDown() override {
-    mathsymtable_destroy(table);
-    NoLeakTest::TearDown();
-  }
-
-  template <size_t N>
-  void Check(const Row (&rows)[N]) {
-    for (const Row& row : rows) {
-      mathexpr* e = mathexpr_create(table, row.text);
-      mathexpr_evaluate(e, row.mode);
-      const ENode* root = RootOf(e);
-      EXPECT_EQ(Structure(e), row.expected) << row.text << " in mode " << std::hex << row.mode;
-      EXPECT_TRUE(LinksConsistent(root)) << row.text;
-      if (row.rootType != 0) {
-        EXPECT_EQ(root->GetType(), row.rootType) << row.text;
+  void Check(std::span<const StructureRow> rows) {
+    for (const StructureRow& row : rows) {
+      const EvaluatedRoot got = EvaluateRoot(row.text, row.mode);
+      EXPECT_EQ(got.structure, row.expected) << row.text << " in mode " << std::hex << row.mode;
+      EXPECT_TRUE(got.linksConsistent) << row.text;
+      if (row.type != 0) {
+        EXPECT_EQ(got.type, row.type) << row.text;
       }
-      mathexpr_destroy(e);
     }
   }
-
-  template <size_t N>
-  void CheckText(const TextRow (&rows)[N]) {
-    for (const TextRow& row : rows) {
-      mathexpr* e = mathexpr_create(table, row.text);
-      mathexpr_evaluate(e, kSimplify);
-      char text[256] = {};
-      int32_t length = 0;
-      mathexpr_as_text(e, text, sizeof text, &length, 0);
-      EXPECT_STREQ(text, row.expected) << row.text;
-      mathexpr_destroy(e);
-    }
-  }
-
-  mathsymtable* table = nullptr;
 };
 
 TEST_F(SumRules, PlusRuleFoldsLeadingNumbersWithFallbackToDoubles) {
-  static const Row rows[] = {
+  static const StructureRow rows[] = {
       {"1 + 2 + x", kSimplify, "@plus(3,x)"},
       {"1 + x + 2", kSimplify, "@plus(3,x)"},
       {"1 + 2", kSimplify, "3", IntType},
@@ -96,7 +57,7 @@ TEST_F(SumRules, PlusRuleFoldsLeadingNumbersWithFallbackToDoubles) {
 }
 
 TEST_F(SumRules, PlusRule2MergesNeighbouringLikeTerms) {
-  static const Row rows[] = {
+  static const StructureRow rows[] = {
       {"x + y + x", kSimplify, "@plus(@times(2,x),y)"},
       {"x + x + x", kSimplify, "@times(3,x)"},
       {"2*x + 3*x", kSimplify, "@times(5,x)"},
@@ -115,7 +76,7 @@ TEST_F(SumRules, PlusRule2MergesNeighbouringLikeTerms) {
 }
 
 TEST_F(SumRules, PlusRule4FactorsTheNumericGcdInFactorMode) {
-  static const Row rows[] = {
+  static const StructureRow rows[] = {
       // A term that loses its coefficient stays settled as a product of one factor.
       {"2*x + 4*y", kFactor, "@times(2,@plus(@times(x),@times(2,y)))"},
       {"x/2 + y/4", kFactor, "@times((1/2),@plus(@times(x),@times((1/2),y)))"},
@@ -133,7 +94,7 @@ TEST_F(SumRules, PlusRule4FactorsTheNumericGcdInFactorMode) {
 }
 
 TEST_F(SumRules, PlusRule3FactorsCommonFactorsInFactorMode) {
-  static const Row rows[] = {
+  static const StructureRow rows[] = {
       {"a*x + b*x", kFactor, "@times(@plus(a,b),x)"},
       {"x + x*y", kFactor, "@times(x,@plus(1,y))"},
       {"x*y + x", kFactor, "@times(x,@plus(1,y))"},
@@ -153,7 +114,7 @@ TEST_F(SumRules, PlusRule3FactorsCommonFactorsInFactorMode) {
 }
 
 TEST_F(SumRules, PlusRule5RebuildsSumsAsSubtraction) {
-  static const Row rows[] = {
+  static const StructureRow rows[] = {
       {"@plus(a, b, @UnaryMinus(c), @UnaryMinus(g), e)", ModeDisplay, "@plus(@minus(@plus(a,b),c,g),e)"},
       {"@plus(a, @times(-2, b))", ModeDisplay, "@minus(a,@times(2,b))"},
       {"@plus(a, @times(@UnaryMinus(b), c))", ModeDisplay, "@minus(a,@times(b,c))"},
@@ -171,7 +132,7 @@ TEST_F(SumRules, PlusRule5RebuildsSumsAsSubtraction) {
       {"a - 2*b + c", "a-2*b+c"},
       {"-x - y", "-x-y"},
   };
-  CheckText(texts);
+  ExpectTexts(texts, kSimplify);
 }
 
 }  // namespace
