@@ -5,38 +5,15 @@
 #include "core/error_node.h"
 #include "core/well_known.h"
 #include "rewrite/driver.h"
-#include "support/api_helpers.h"
+#include "support/expression_test.h"
 
 namespace quillon::testing {
 namespace {
 
-class Driver : public NoLeakTest {
- protected:
-  void SetUp() override {
-    NoLeakTest::SetUp();
-    table = mathsymtable_create(nullptr, 1);
-  }
-  void TearDown() override {
-    mathsymtable_destroy(table);
-    NoLeakTest::TearDown();
-  }
-  std::string After(const char* text, uint32_t mode) {
-    mathexpr* e = mathexpr_create(table, text);
-    mathexpr_evaluate(e, mode);
-    std::string result = Structure(e);
-    mathexpr_destroy(e);
-    return result;
-  }
-  mathsymtable* table = nullptr;
-};
+using Driver = ExpressionTest;
 
 TEST_F(Driver, StagesAndModes) {
-  struct Row {
-    const char* text;
-    uint32_t mode;
-    const char* expected;
-  };
-  const Row rows[] = {
+  const StructureRow rows[] = {
       {"@plus(@plus(a, b), @plus(c, @plus(g, e)))", 1, "@plus(a,b,c,e,g)"},
       {"e + (g + c) + (b + a)", 1, "@plus(a,b,c,e,g)"},
       {"a - b/c", 2, "@plus(a,@times(-1,@times(b,@pow(c,-1))))"},
@@ -50,7 +27,7 @@ TEST_F(Driver, StagesAndModes) {
       {"@flatten(a + b, 1)", 0x100000, "@flatten(@plus(a,b),1)"},
       {"2*@expand((a+b)*c)", 3, "@times(2,@plus(@times(a,c),@times(b,c)))"},
   };
-  for (const Row& row : rows) EXPECT_EQ(After(row.text, row.mode), row.expected) << row.text << " in mode " << row.mode;
+  ExpectStructures(rows);
 }
 
 TEST_F(Driver, TheFirstErrorRisesToTheRoot) {
