@@ -13,6 +13,7 @@ run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${WORK_DIR}/consumer -G ${GENERATOR}
     -DCMAKE_PREFIX_PATH=${prefix})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/consumer)
 run(${WORK_DIR}/consumer/consumer)
+run(${WORK_DIR}/consumer/shared_consumer)
 
 file(GLOB pc_file ${prefix}/lib*/pkgconfig/quillon.pc)
 set(ENV{PKG_CONFIG_PATH} "")
