@@ -13,6 +13,7 @@
 // in the canonical stage) never reaches the end of the stack.
 #include "rewrite/driver.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "core/function_node.h"
@@ -165,51 +166,41 @@ void Evaluate(ExprHandle& handle, uint32_t mode) {
   handle.ReturnRoot(root);
 }
 
-// Bottom-up: runs of width 1, 2, 4, ... are merged along the next links, then the prev links
-// and the ends are restored. A left node is taken while it does not sort after the right one, so
-// equal nodes keep their order.
+// Bottom-up: runs of width 1, 2, 4, ... are merged from the left, then the links are rebuilt. A
+// left node is taken while it does not sort after the right one, so equal nodes keep their
+// order. The merges run over arrays of the children rather than along the links: the same
+// merges, in the same order, but each level reads its nodes in sequence, which keeps long sums
+// from waiting on memory at every step.
 void SortChildren(ENode* node) {
   // A pass after a rule fired meets children that are mostly in order already; a sorted list
   // would come out of the merges unchanged, so one walk decides whether to merge at all.
   bool sorted = true;
   for (const ENode* c = node->firstChild; sorted && c->next != nullptr; c = c->next) sorted = NodeOrder(c, c->next) <= 0;
   if (sorted) return;
-  const int32_t n = node->childCount;
-  ENode* list = node->firstChild;
-  for (int32_t width = 1; width < n; width *= 2) {
-    ENode* merged = nullptr;
-    ENode** link = &merged;
-    for (ENode* rest = list; rest != nullptr;) {
-      ENode* left = rest;
-      int32_t leftCount = 0;
-      for (; rest != nullptr && leftCount < width; ++leftCount) rest = rest->next;
-      ENode* right = rest;
-      int32_t rightCount = 0;
-      for (; rest != nullptr && rightCount < width; ++rightCount) rest = rest->next;
-      while (leftCount > 0 || rightCount > 0) {
-        ENode* taken;
-        if (leftCount > 0 && (rightCount == 0 || NodeOrder(left, right) <= 0)) {
-          taken = left;
-          left = left->next;
-          --leftCount;
-        } else {
-          taken = right;
-          right = right->next;
-          --rightCount;
-        }
-        *link = taken;
-        link = &taken->next;
+  const size_t n = static_cast<size_t>(node->childCount);
+  std::vector<ENode*> from;
+  from.reserve(n);
+  for (ENode* c = node->firstChild; c != nullptr; c = c->next) from.push_back(c);
+  std::vector<ENode*> into(n);
+  for (size_t width = 1; width < n; width *= 2) {
+    for (size_t start = 0; start < n; start += 2 * width) {
+      size_t left = start, right = std::min(start + width, n);
+      const size_t leftEnd = right, rightEnd = std::min(start + 2 * width, n);
+      for (size_t out = start; out < rightEnd; ++out) {
+        const bool takeLeft = left < leftEnd && (right == rightEnd || NodeOrder(from[left], from[right]) <= 0);
+        into[out] = takeLeft ? from[left++] : from[right++];
       }
     }
-    *link = nullptr;
-    list = merged;
+    from.swap(into);
   }
   ENode* previous = nullptr;
-  for (ENode* c = list; c != nullptr; c = c->next) {
+  for (ENode* c : from) {
     c->prev = previous;
+    if (previous != nullptr) previous->next = c;
     previous = c;
   }
-  node->firstChild = list;
+  previous->next = nullptr;
+  node->firstChild = from.front();
   node->lastChild = previous;
 }
 
