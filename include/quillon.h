@@ -64,8 +64,8 @@ typedef int32_t(QUILLON_CALL *mathsymtable_resolver)(const char *name);
 QUILLON_API void QUILLON_CALL quillon_init(void);
 
 /*
-** Frees the catalogue and every thread's context. Call it once, last, after every expression
-** is destroyed; afterwards a thread must call quillon_init itself before using the library.
+** Frees the catalogue and every thread's context. Call it last, after every expression is
+** destroyed; a later mathexpr_create starts the library again.
 ** Errors: none reported. Without a prior quillon_init it does nothing.
 */
 QUILLON_API void QUILLON_CALL quillon_cleanup(void);
@@ -169,8 +169,12 @@ QUILLON_API mathexpr *QUILLON_CALL mathexpr_create_ex(mathsymtable *t, const cha
 
 /*
 ** Rewrites e in place in the given mode: 1 simplify, 2 canonical, 4 display, or a union; 3 is
-** what the library uses itself.
+** what the library uses itself. The bits 0x10000 (numbers as doubles), 0x20000 (expand) and
+** 0x40000 (factor) act with simplify; expand and factor together undo each other and never end.
+** Expansion is exact: a power of a long sum can make a very large result.
 ** Ownership: changes the tree of e, which every handle on it sees.
+** Errors: an error anywhere in the tree becomes the whole expression.
+** See also: mathexpr_as_text.
 */
 QUILLON_API void QUILLON_CALL mathexpr_evaluate(mathexpr *e, uint32_t mode);
 
