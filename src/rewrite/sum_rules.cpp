@@ -138,7 +138,9 @@ IntegerGcd GcdOfIntegerCoefficients(const ENode* sum) {
 }
 
 // Goes on from the integer gcd g over the terms from `from` on, with rationals. False when a
-// term has no coefficient or the gcd comes to 1.
+// term has no coefficient or the gcd comes to 1 or -1. A gcd of -1 arises only from a zero or
+// undefined coefficient (the gcd of 0 and -1 is -1); taking it out would hand -1 times a sum to
+// TimesRule3, which distributes it again, and the two would go round for ever.
 bool GcdOfRationalCoefficients(ENode* from, int32_t g, Rational* q) {
   *q = {g, 1};
   for (ENode* t = from; t != nullptr; t = t->next) {
@@ -146,7 +148,7 @@ bool GcdOfRationalCoefficients(ENode* from, int32_t g, Rational* q) {
     if (i == nullptr) return false;
     const Rational v = i->GetRational();
     *q = *q == Rational{0, 1} ? v : RatGcd(*q, v);
-    if (*q == Rational{1, 1}) return false;
+    if (*q == Rational{1, 1} || *q == Rational{-1, 1}) return false;
   }
   return true;
 }

@@ -89,6 +89,8 @@ TEST_F(SumRules, PlusRule4FactorsTheNumericGcdInFactorMode) {
       {"x/2 + y/3", kFactor, "@plus(@times((1/2),x),@times((1/3),y))"},
       {"x + 2*y", kFactor, "@plus(x,@times(2,y))"},
       {"2*x + 4*y", kSimplify, "@plus(@times(2,x),@times(4,y))"},
+      // An undefined coefficient made the gcd -1, which TimesRule3 distributed back for ever.
+      {"-h + 0/0", kFactor, "@plus(NA,@times(-1,h))"},
   };
   Check(rows);
 }
