@@ -181,8 +181,10 @@ QUILLON_API void QUILLON_CALL mathexpr_evaluate(mathexpr *e, uint32_t mode);
 /*
 ** Writes the text of e into buffer: at most capacity bytes, terminated only when shorter than
 ** capacity. The full length goes to *length when length is not NULL. spaced asks for blanks
-** around operators.
+** around operators. The text is that of e brought to its display form on a copy.
 ** Ownership: borrows e, which stays unchanged.
+** Errors: a NULL buffer or a capacity below 1 writes nothing (the length is still stored); an
+** error expression reads <"message">.
 */
 QUILLON_API void QUILLON_CALL mathexpr_as_text(mathexpr *e, char *buffer, int32_t capacity, int32_t *length,
                                                uint32_t spaced);

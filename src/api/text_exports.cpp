@@ -14,7 +14,7 @@ QUILLON_API void QUILLON_CALL mathexpr_as_text(mathexpr* e, char* buffer, int32_
                                                uint32_t spaced) {
   ExprHandle copy(RootOf(e)->Clone());
   Evaluate(copy, ModeDisplay);
-  RenderText(copy.Root(), spaced != 0).CopyOut(buffer, capacity, length);
+  RenderText(copy.Root(), spaced != 0).CopyOut(buffer, buffer != nullptr ? capacity : 0, length);
 }
 
 }  // extern "C"

@@ -46,7 +46,9 @@ TEST_F(TextExports, CopyOutByCapacity) {
     EXPECT_EQ(length, 3);
     EXPECT_EQ(std::string(buffer, 5), std::string(row.written, 5)) << "capacity " << row.capacity;
   }
-  mathexpr_as_text(e, nullptr, 0, nullptr, 0);
+  int32_t length = -1;
+  mathexpr_as_text(e, nullptr, 100, &length, 0);
+  EXPECT_EQ(length, 3) << "a NULL buffer only learns the length";
   mathexpr_destroy(e);
 }
 
