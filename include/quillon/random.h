@@ -80,29 +80,39 @@ struct KnuthStream {
   const double* next = nullptr;
 };
 
-// The lagged Fibonacci generator with the start routine of 2002 ("KN"). Seeding discards the
-// first 252 values; a first draw without seeding starts with kKnuthDefaultSeed and discards none.
-// A clone goes on reading its source's batch until its own next batch: drop a clone before its
-// source, or seed it first.
-class RndGenKnuth02 : public RndGen {
+// The draw shared by both lagged Fibonacci classes: values come from the batch until its end
+// mark, and the class refills it there.
+class RndGenLaggedFibonacci : public RndGen {
  public:
-  RndGenKnuth02();
-  std::unique_ptr<RndGen> Clone() const override;
-  int32_t Type() const override { return kRndGenKnuth02; }
-  void Seed(uint32_t seed) override;
   double Next() final {
     double value;
     return stream_.Take(&value) ? value : NextBatch();
   }
 
- private:
-  double NextBatch();
+ protected:
+  // Met at an end mark: refills the batch and returns its first value.
+  virtual double NextBatch() = 0;
 
   KnuthStream stream_;
 };
 
+// The lagged Fibonacci generator with the start routine of 2002 ("KN"). Seeding discards the
+// first 252 values; a first draw without seeding starts with kKnuthDefaultSeed and discards none.
+// A clone goes on reading its source's batch until its own next batch: drop a clone before its
+// source, or seed it first.
+class RndGenKnuth02 : public RndGenLaggedFibonacci {
+ public:
+  RndGenKnuth02();
+  std::unique_ptr<RndGen> Clone() const override;
+  int32_t Type() const override { return kRndGenKnuth02; }
+  void Seed(uint32_t seed) override;
+
+ private:
+  double NextBatch() override;
+};
+
 // The earlier form ("KN4"): the earlier start routine, and seeding from another generator.
-class RndGenKnuth : public RndGen {
+class RndGenKnuth : public RndGenLaggedFibonacci {
  public:
   RndGenKnuth();
   std::unique_ptr<RndGen> Clone() const override;
@@ -110,15 +120,9 @@ class RndGenKnuth : public RndGen {
   // Fills the lag buffer, last cell first, with 100 of other's draws.
   void SeedFrom(RndGen& other) override;
   void Seed(uint32_t seed) override;
-  double Next() final {
-    double value;
-    return stream_.Take(&value) ? value : NextBatch();
-  }
 
  private:
-  double NextBatch();
-
-  KnuthStream stream_;
+  double NextBatch() override;
 };
 
 // ---- Mersenne Twisters ------------------------------------------------------------------------
