@@ -55,18 +55,12 @@ ENode* EndOfEqualBases(const ENode* s) {
 // Makes s a power whose exponent is a new sum holding s's own exponent (1 for a plain factor).
 // Returns the sum, which is unsettled.
 ENode* OpenExponentSum(ENode* s) {
-  ENode* sum = NewCall(fnPlus);
   if (IsPower(s)) {
-    ENode* exponent = s->lastChild;
-    exponent->SwapPlaces(sum);
-    sum->AppendChild(exponent);
     s->flags &= ~FlagSettled;
-    return sum;
+    return WrapIn(fnPlus, s->lastChild);
   }
-  ENode* power = NewCall(fnPow);
-  power->AppendChild(sum);
-  power->SwapPlaces(s);
-  power->PrependChild(s);
+  ENode* sum = NewCall(fnPlus);
+  WrapIn(fnPow, s)->AppendChild(sum);
   sum->AppendChild(new IntENode(1));
   return sum;
 }

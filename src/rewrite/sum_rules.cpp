@@ -71,24 +71,19 @@ ENode* EndOfLikeRun(const ENode* term) {
 // Puts a new sum of coefficients where term's coefficient stands (making term a product if it
 // is not one) and returns it, holding term's own coefficient: 1 when it has none.
 ENode* OpenCoefficientSum(ENode* term) {
-  ENode* sum = NewCall(fnPlus);
   if (!IsCallOf(term, fnTimes)) {
+    ENode* sum = NewCall(fnPlus);
+    sum->AppendChild(new IntENode(1));
     ENode* product = NewCall(fnTimes);
     product->AppendChild(sum);
-    sum->PrependChild(new IntENode(1));
-    term->SwapPlaces(product);
-    product->AppendChild(term);
+    WrapWith(product, term);
     return sum;
   }
-  if (HasCoefficient(term)) {
-    ENode* coefficient = term->firstChild;
-    coefficient->SwapPlaces(sum);
-    sum->PrependChild(coefficient);
-  } else {
-    term->PrependChild(sum);
-    sum->PrependChild(new IntENode(1));
-  }
   term->flags &= ~FlagSettled;
+  if (HasCoefficient(term)) return WrapIn(fnPlus, term->firstChild);
+  ENode* sum = NewCall(fnPlus);
+  sum->AppendChild(new IntENode(1));
+  term->PrependChild(sum);
   return sum;
 }
 
@@ -386,9 +381,7 @@ uint32_t PlusRule3::Apply(ENode** node) {
     if (!TakeCommonFactor(sum, cursors, result)) break;
   }
   if (result == nullptr) return 0;
-  sum->SwapPlaces(result);
-  result->AppendChild(sum);
-  *node = result;
+  *node = WrapWith(result, sum);
   return 1;
 }
 

@@ -20,8 +20,9 @@ ENode* ReplaceNode(ENode* old, ENode* fresh) {
   return fresh;
 }
 
-ENode* WrapIn(FunctionDef* def, ENode* node) {
-  ENode* wrapper = NewCall(def);
+ENode* WrapIn(FunctionDef* def, ENode* node) { return WrapWith(NewCall(def), node); }
+
+ENode* WrapWith(ENode* wrapper, ENode* node) {
   node->SwapPlaces(wrapper);
   wrapper->AppendChild(node);
   return wrapper;

@@ -21,6 +21,9 @@ ENode* ReplaceNode(ENode* old, ENode* fresh);
 // A new node of def takes node's place, with node as its only child. Returns the new node, which
 // is unsettled.
 ENode* WrapIn(FunctionDef* def, ENode* node);
+// The free node wrapper (which may hold children already) takes node's place, and node becomes
+// its last child. Returns wrapper.
+ENode* WrapWith(ENode* wrapper, ENode* node);
 
 // A new unsettled function node of def without children.
 ENode* NewCall(FunctionDef* def);
