@@ -28,3 +28,18 @@ run(cc -std=c99 ${CONSUMER_DIR}/consumer.c ${flags} -o ${WORK_DIR}/pc_consumer)
 get_filename_component(libdir ${pc_dir} DIRECTORY)
 set(ENV{LD_LIBRARY_PATH} ${libdir})
 run(${WORK_DIR}/pc_consumer)
+
+# The installed program finds the installed library by itself, and the pkg-config file has
+# plain paths under the prefix.
+unset(ENV{LD_LIBRARY_PATH})
+if(EXISTS ${prefix}/bin/quillon)
+  execute_process(COMMAND ${prefix}/bin/quillon "x + x" RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err
+    OUTPUT_STRIP_TRAILING_WHITESPACE)
+  if(NOT rc EQUAL 0 OR NOT out STREQUAL "2*x")
+    message(FATAL_ERROR "installed quillon program: status ${rc}, output '${out}' ${err}")
+  endif()
+endif()
+file(READ ${pc_file} pc_text)
+if(pc_text MATCHES "\\.\\." OR NOT pc_text MATCHES "prefix=${prefix}\n")
+  message(FATAL_ERROR "pkg-config file paths are not plain:\n${pc_text}")
+endif()
