@@ -88,12 +88,17 @@ TEST_F(DerivExports, DifferentiateCopiesOfTheArguments) {
   EXPECT_EQ(Text(mathexpr_derivx(f, y, 2)), "{x^2*y+@sin(y),x^2+@cos(y),-@sin(y)}");
   EXPECT_EQ(Text(mathexpr_derivx(f, y, 0)), "{x^2*y+@sin(y)}");
   EXPECT_EQ(Text(mathexpr_derivx(f, y, -1)), "{}");
+  mathexpr* cube = mathexpr_create(table, "x^3");
+  EXPECT_EQ(Text(mathexpr_derivx(cube, x, 3)), "{x^3,3*x^2,6*x,6}");
   // A function node serves as a list of variables: f's terms are no symbols.
   EXPECT_EQ(Text(mathexpr_deriv(f, f)), "0");
   char unchanged[64];
   mathexpr_as_text(f, unchanged, sizeof unchanged, nullptr, 0);
   EXPECT_STREQ(unchanged, "x^2*y+@sin(y)");
-  for (mathexpr* e : {f, x, y, both}) mathexpr_destroy(e);
+  mathexpr* broken = mathexpr_create(table, "x +");
+  mathexpr* error = mathexpr_deriv(broken, x);
+  EXPECT_TRUE(mathexpr_is_error(error));
+  for (mathexpr* e : {f, x, y, both, cube, broken, error}) mathexpr_destroy(e);
 }
 
 }  // namespace
