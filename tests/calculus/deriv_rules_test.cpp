@@ -57,6 +57,8 @@ const TextRow kDerivRows[] = {
     // A wildcard depends on every variable, but a gradient's filter knows only symbols.
     {"@deriv(#1 + x, @list(x, y))", "{1+@deriv(#1,x),0}"},
     {"@deriv(#1, @list(x))", "{0}"},
+    {"@deriv(#1 + x*y + z, @list(y, x))", "{x+@deriv(#1,y),y+@deriv(#1,x)}"},
+    {"@deriv(x*@sin(x) + y + x, @list(x))", "{1+x*@cos(x)+@sin(x)}"},
     // Malformed calls stay.
     {"@deriv()", "@deriv()"},
 };
