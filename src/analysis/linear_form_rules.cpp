@@ -3,6 +3,7 @@
 // loop over the top sum and its products, so a long chain costs no stack.
 #include "analysis/linear_form_rules.h"
 
+#include <unordered_map>
 #include <vector>
 
 #include "analysis/list_steps.h"
@@ -10,6 +11,7 @@
 #include "core/function_node.h"
 #include "core/int_node.h"
 #include "core/node_order.h"
+#include "core/tree_walk.h"
 #include "core/void_node.h"
 #include "core/well_known.h"
 #include "rewrite/surgery.h"
@@ -100,15 +102,22 @@ class VariableTerms {
     holder_.Node()->PrependChild(remainder);
     return holder_.Replace(call);
   }
-  // Index of the first variable equal to factor, or -1.
+  // Index of the first variable equal to factor, or -1. Equal trees have equal hashes, so only
+  // the variables of the factor's hash are compared: a long list of variables costs no more
+  // than a short one.
   int32_t Find(const ENode* factor) const {
-    for (int32_t i = 0; i < Count(); ++i)
-      if (NodeEqual(factor, variables_[i])) return i;
-    return -1;
+    int32_t first = -1;
+    const auto [from, to] = byHash_.equal_range(TreeHash(factor));
+    for (auto candidate = from; candidate != to; ++candidate) {
+      const int32_t i = candidate->second;
+      if ((first < 0 || i < first) && NodeEqual(factor, variables_[i])) first = i;
+    }
+    return first;
   }
 
  private:
   void Add(const ENode* variable) {
+    byHash_.emplace(TreeHash(variable), Count());
     variables_.push_back(variable);
     ENode* placeholder = new VoidENode();
     holder_.Node()->AppendChild(placeholder);
@@ -118,6 +127,7 @@ class VariableTerms {
   HeldList holder_;
   std::vector<const ENode*> variables_;  // borrowed from v
   std::vector<ENode*> entries_;          // children of the holder
+  std::unordered_multimap<uint32_t, int32_t> byHash_;  // tree hash of each variable -> its index
 };
 
 // The first factor of t that is a variable, going by the factors and then by the variables;

@@ -21,6 +21,7 @@ TEST_F(LinearForms, CoefficientsCollectionAndExpansion) {
       {"@LinCoefs(@sin(y), x)", "{@sin(y),0}"},
       {"@LinCoefs(a*x + b, {})", "{b+a*x}"},
       {"@LinCoefs(x*y, {y, x})", "{0,0,y}"},
+      {"@LinCoefs(a*x, {x, y, x})", "{0,a,0,0}"},
       // Expanded to x*x + x*2 + 1*x + 1*2 before any simplification: x*x is a multiple of x.
       {"@LinCoefs((x + 1)*(x + 2), x)", "{2,3+x}"},
       {"@LinCoefs(a*@sin(y) + b, @sin(y))", "{b,a}"},
