@@ -20,6 +20,7 @@ TEST_F(ListAlgebra, SortJoinAndSetOperations) {
   const TextRow rows[] = {
       {"@sort({c, a, b})", "{a,b,c}"},
       {"@sort(x)", "x"},
+      {"@sort({@sin(a), b, \"s\", 0.5, 1/2, 2})", "{2,(1/2),0.5,\"s\",b,@sin(a)}"},
       {"@sort(@mod(c, a))", "@mod(c,a)"},
       {"@sort({x(-2), x, x(-1)})", "{x,x(-1),x(-2)}"},
       {"@sort({}, {})", "@sort({},{})"},

@@ -42,6 +42,7 @@ TEST_F(SymbolLists, DistinctReferencesOfTheChosenClassesInTreeOrder) {
       {"u + c + s(1) + w + x + m(1, 1)", 36, "@list(w,x)"},
       {"u + c + s(1) + w + x + m(1, 1)", 1, "@list(u)"},
       {"a + x(-1) + x", 0, "@list()"},
+      {"a + x(-1) + x", 36, "@list(x,x(-1))"},
       {"log(c*s(2)) + @sin(x(1))", 2 | 4, "@list(s(2),x(1))"},
   };
   for (const Row& row : rows) EXPECT_EQ(SymList(row.text, row.mask), row.expected) << row.text << " / " << row.mask;
