@@ -217,8 +217,8 @@ QUILLON_API int32_t QUILLON_CALL mathexpr_get_priority(mathexpr *e);
 
 /*
 ** 1 if e does not depend on v, a symbol or a list of symbols; else 0. A lag is another
-** variable (x(-1) is constant in x), a wildcard (#1) depends on everything, and a v that is
-** neither symbol nor list matches no symbol.
+** variable (x(-1) is constant in x), a wildcard (#1) depends on everything, and a number as v
+** matches no symbol.
 ** Example: e "a*y", v "{x, y}" gives 0; e "x(-1)", v "x" gives 1; e "x", v "3" gives 1.
 ** Ownership: borrows e and v. Errors: an error in either gives 0.
 ** See also: mathexpr_is_linear.

@@ -9,9 +9,10 @@ namespace quillon {
 // @SymList(e) --> @list(distinct symbol references of e)
 // @SymList(e, m) --> the same, for the symbols whose class bits meet the integer m
 //   with another second argument, or another number of arguments, no change.
-// x and x(-1) are two references, and both stay. The list is sorted by the order of sorted
-// trees (by name; a series newest first), not grouped by class: it is then a set in the sense
-// of @union and @intersection, and combines with other lists without being sorted again.
+// x and x(-1) are two references, and both stay. The list is sorted by NodeOrder, the order of
+// sorted trees (by name whatever the class; a series newest first), and not by the class-first
+// SymbolListCompare: sorted so, it is a set in the sense of @union and @intersection, and hosts
+// combine symbol lists with the set operations without sorting them again.
 class SymlistRule final : public Rule {
  public:
   using Rule::Rule;
