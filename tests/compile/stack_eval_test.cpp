@@ -6,6 +6,7 @@
 #include <bit>
 #include <cmath>
 #include <numbers>
+#include <thread>
 #include <vector>
 
 #include "support/expression_test.h"
@@ -195,6 +196,27 @@ TEST_F(StackEval, HandlesOnChildren) {
   EXPECT_EQ(mathexpr_stackeval(nullptr, stack, inputs), 0);
   EXPECT_EQ(mathexpr_stackeval(e, nullptr, inputs), 0);
   mathexpr_destroy(child);
+  mathexpr_destroy(e);
+}
+
+// The tree is only read, so threads may share one prepared expression, each with its own stack.
+TEST_F(StackEval, ThreadsShareAPreparedExpression) {
+  mathexpr* e = mathexpr_create(table, "@subexpr(@cnorm(a*b) + log(a*b) + @gammalog(a))");
+  mathexpr_evaluate(e, 3);
+  auto compute = [e](double a) {
+    double stack[16];
+    const double inputs[] = {a, 2.0};
+    return stack[mathexpr_stackeval(e, stack, inputs) - 1];
+  };
+  std::vector<double> alone(400), together(400);
+  for (size_t i = 0; i < alone.size(); ++i) alone[i] = compute(0.5 + 0.01 * static_cast<double>(i));
+  std::vector<std::thread> threads;
+  for (size_t t = 0; t < 4; ++t)
+    threads.emplace_back([&, t] {
+      for (size_t i = t; i < together.size(); i += 4) together[i] = compute(0.5 + 0.01 * static_cast<double>(i));
+    });
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(alone, together);
   mathexpr_destroy(e);
 }
 
