@@ -123,6 +123,7 @@ TEST_F(StackEval, MissingValuesAreNA) {
       "@pmax()",             // a function without arguments
       "@movav(#S0, 3)",      // a function without a numeric meaning
       "@sin(#S0, #S0)",      // a wrong number of arguments
+      "@pow(#S0)",           // a power without exponent
       "@gamma[1](#S0)",      // a derivative notation
       "#A1",                 // a wildcard of another kind
       "@lt(#S0, #S1)",       // a comparison with a missing operand
@@ -178,6 +179,8 @@ TEST_F(StackEval, KernelsOfTheCatalogue) {
       {"@qlogistic(@clogistic(2))", 2},
       {"@qextreme(@cextreme(-0.4))", -0.4},
       {"@powm1(1.5, 2)", 1.25},
+      {"log(#S0, 5)", std::log(x)},
+      {"@pow(#S0, 2, 5)", x * x},
   };
   for (const Row& row : rows) EXPECT_NEAR(Value(row.text, {x, kMissing}), row.expected, 1e-12) << row.text;
 }
