@@ -12,6 +12,7 @@
 #include "analysis/list_set_rules.h"
 #include "analysis/predicate_rules.h"
 #include "analysis/symbol_list_rules.h"
+#include "compile/subexpr_rule.h"
 #include "rewrite/flatten_rule.h"
 #include "rewrite/log_exp_rules.h"
 #include "rewrite/pattern_rule.h"
@@ -168,6 +169,8 @@ const RuleRow kRules[] = {
     {"@union",         ModeSimplify,  Make<UnionRule>},
     {"@intersection",  ModeSimplify,  Make<IntersectRule>},
     {"@complement",    ModeSimplify,  Make<ComplementRule>},
+    // ---- Compilation.
+    {"@subexpr",    ModeSimplify,  Make<SubexprRule>},
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "quillon.h"
 
@@ -121,6 +122,27 @@ TEST(SmallStack, AnalysisWalksLongChains) {
   bool parsed = false;
   RunOnSmallStack([&] { parsed = RoundTrip(rulesWithoutExports); });
   EXPECT_TRUE(parsed);
+}
+
+// A chain of comparisons stays a chain through simplification: @subexpr sorts its heights and
+// shares the repeated call below it, and the stack evaluator walks it, all without recursion.
+TEST(SmallStack, SubexprAndStackEvaluationOfALongChain) {
+  const std::string text = "@subexpr(exp(x)" + Repeat(" < exp(x)", 100000) + ")";
+  int32_t cells = 0;
+  double answer = -1;
+  RunOnSmallStack([&] {
+    mathsymtable* table = mathsymtable_create(nullptr, 1);
+    mathexpr* e = mathexpr_create(table, text.c_str());
+    mathexpr_evaluate(e, 3);
+    std::vector<double> stack(8);
+    const double inputs[] = {0.5};
+    cells = mathexpr_stackeval(e, stack.data(), inputs);
+    answer = stack[1];
+    mathexpr_destroy(e);
+    mathsymtable_destroy(table);
+  });
+  EXPECT_EQ(cells, 2);
+  EXPECT_EQ(answer, 1.0);  // (e < e) is 0, and 0 and then 1 are below e^0.5
 }
 
 }  // namespace
