@@ -34,7 +34,7 @@
 
 #if defined(_WIN32)
 #if defined(QUILLON_BUILDING_LIBRARY)
-#define QUILLON_API __declspec(dllexport)
+#define QUILLON_API /* the module-definition file names the exports, undecorated */
 #else
 #define QUILLON_API __declspec(dllimport)
 #endif
