@@ -9,6 +9,7 @@
 #include "core/int_node.h"
 #include "core/real_node.h"
 #include "core/well_known.h"
+#include "rewrite/expansion_size.h"
 #include "rewrite/numeric_fold.h"
 #include "rewrite/surgery.h"
 
@@ -183,6 +184,7 @@ uint32_t PowerRule5::Apply(ENode** node) {
   if (!IsCallOf(sum, fnPlus) || sum->childCount == 0 || power->lastChild->GetType() != IntType) return 0;
   const int32_t n = static_cast<const IntENode*>(power->lastChild)->value;
   if (n < 2 || n > kMaxExpandedPower) return 0;
+  if (PowerExpansionTerms(sum->childCount, n) > kMaxExpansionTerms) return 0;
   return ReplacePower(node, Multinomial(sum, n));
 }
 
