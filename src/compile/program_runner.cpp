@@ -1,0 +1,150 @@
+// Running a register program: each instruction is one plain loop over a block of observations,
+// so the cost of dispatch is paid once per block and the compiler vectorizes the arithmetic.
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <memory>
+
+#include "compile/program.h"
+
+namespace quillon {
+namespace {
+
+constexpr int32_t B = kProgramBlock;
+
+// The stack evaluator's power: exact tests for the exponents that canonical forms produce.
+double PowerByTable(double b, double e) {
+  if (e == 2.0) return b * b;
+  if (e == 3.0) return b * (b * b);
+  if (e == -1.0) return 1.0 / b;
+  if (e == -2.0) return 1.0 / (b * b);
+  if (e == -3.0) return 1.0 / (b * b * b);
+  if (e == 4.0) return b * (b * b * b);
+  if (e == -4.0) return 1.0 / (b * b * b * b);
+  if (e == 0.5) return std::sqrt(b);
+  if (e == -0.5) return 1.0 / std::sqrt(b);
+  return std::pow(b, e);
+}
+
+// The fixed trip count and the promise that out never overlaps its operands are what let the
+// compiler turn each of these loops into vector code.
+template <typename F>
+inline void Unary(double* __restrict out, const double* __restrict a, F f) {
+  for (int32_t i = 0; i < B; ++i) out[i] = f(a[i]);
+}
+
+template <typename F>
+inline void Binary(double* __restrict out, const double* __restrict a, const double* __restrict b, F f) {
+  for (int32_t i = 0; i < B; ++i) out[i] = f(a[i], b[i]);
+}
+
+// Scratch of one call: registers, constant blocks, staged inputs of a short last block, and the
+// argument cells of a kernel call.
+class Frame {
+ public:
+  Frame(const Program& p)
+      : program_(p),
+        registerBlocks_(static_cast<size_t>(p.registerCount) * B),
+        constantBlocks_(p.constants.size() * B),
+        staged_(static_cast<size_t>(p.inputCount) * B),
+        columns_(static_cast<size_t>(p.inputCount)),
+        cells_(static_cast<size_t>(std::max(p.widestKernel, 1))) {
+    for (size_t c = 0; c < p.constants.size(); ++c)
+      std::fill_n(constantBlocks_.begin() + static_cast<std::ptrdiff_t>(c * B), B, p.constants[c]);
+  }
+
+  // Points the inputs at rows [start, start + n); a short block is copied so that every loop
+  // can run the full block without reading past the host's arrays.
+  void LoadInputs(const double* const* inputs, int64_t start, int32_t n) {
+    for (size_t i = 0; i < columns_.size(); ++i) {
+      const double* column = inputs[i] + start;
+      if (n == B) {
+        columns_[i] = column;
+        continue;
+      }
+      double* block = staged_.data() + i * B;
+      std::copy_n(column, n, block);
+      std::fill(block + n, block + B, 0.0);
+      columns_[i] = block;
+    }
+  }
+
+  void Run() {
+    for (const Instruction& ins : program_.code) RunInstruction(ins);
+  }
+
+  void StoreOutputs(double* const* outputs, int64_t start, int32_t n) const {
+    for (size_t k = 0; k < program_.outputs.size(); ++k)
+      std::copy_n(Block(program_.outputs[k]), n, outputs[k] + start);
+  }
+
+ private:
+  const double* Block(const Operand& o) const {
+    switch (o.kind) {
+      case OperandKind::Input: return columns_[static_cast<size_t>(o.index)];
+      case OperandKind::Constant: return constantBlocks_.data() + static_cast<size_t>(o.index) * B;
+      case OperandKind::Register: break;
+    }
+    return registerBlocks_.data() + static_cast<size_t>(o.index) * B;
+  }
+
+  const double* Arg(const Instruction& ins, int32_t j) const {
+    return Block(program_.operands[static_cast<size_t>(ins.firstOperand + j)]);
+  }
+
+  // ORDER PROGRAMOP
+  void RunInstruction(const Instruction& ins) {
+    double* out = registerBlocks_.data() + static_cast<size_t>(ins.target) * B;
+    const double* a = Arg(ins, 0);
+    switch (ins.op) {
+      case ProgramOp::Add: return Binary(out, a, Arg(ins, 1), [](double x, double y) { return x + y; });
+      case ProgramOp::Multiply: return Binary(out, a, Arg(ins, 1), [](double x, double y) { return x * y; });
+      case ProgramOp::Square: return Unary(out, a, [](double x) { return x * x; });
+      case ProgramOp::Cube: return Unary(out, a, [](double x) { return x * (x * x); });
+      case ProgramOp::Fourth: return Unary(out, a, [](double x) { return x * (x * x * x); });
+      case ProgramOp::Reciprocal: return Unary(out, a, [](double x) { return 1.0 / x; });
+      case ProgramOp::RecipSquare: return Unary(out, a, [](double x) { return 1.0 / (x * x); });
+      case ProgramOp::RecipCube: return Unary(out, a, [](double x) { return 1.0 / (x * x * x); });
+      case ProgramOp::RecipFourth: return Unary(out, a, [](double x) { return 1.0 / (x * x * x * x); });
+      case ProgramOp::Sqrt: return Unary(out, a, [](double x) { return std::sqrt(x); });
+      case ProgramOp::RecipSqrt: return Unary(out, a, [](double x) { return 1.0 / std::sqrt(x); });
+      case ProgramOp::Power: return Binary(out, a, Arg(ins, 1), PowerByTable);
+      case ProgramOp::Log: return Unary(out, a, [](double x) { return std::log(x); });
+      case ProgramOp::Exp: return Unary(out, a, [](double x) { return std::exp(x); });
+      case ProgramOp::Kernel: return RunKernel(ins, out);
+    }
+  }
+
+  void RunKernel(const Instruction& ins, double* out) {
+    for (int32_t i = 0; i < B; ++i) {
+      for (int32_t j = 0; j < ins.operandCount; ++j) cells_[static_cast<size_t>(j)] = Arg(ins, j)[i];
+      out[i] = CallScalarKernel(ins.def, cells_.data(), ins.operandCount);
+    }
+  }
+
+  const Program& program_;
+  std::vector<double> registerBlocks_;
+  std::vector<double> constantBlocks_;
+  std::vector<double> staged_;
+  std::vector<const double*> columns_;
+  std::vector<double> cells_;
+};
+
+}  // namespace
+
+double CallScalarKernel(const FunctionDef* def, double* args, int32_t count) {
+  return def->StackOp != nullptr ? def->StackOp(args, count) : NA();
+}
+
+void RunProgram(const Program& program, int64_t count, const double* const* inputs, double* const* outputs) {
+  if (count <= 0) return;
+  Frame frame(program);
+  for (int64_t start = 0; start < count; start += B) {
+    const auto n = static_cast<int32_t>(std::min<int64_t>(B, count - start));
+    frame.LoadInputs(inputs, start, n);
+    frame.Run();
+    frame.StoreOutputs(outputs, start, n);
+  }
+}
+
+}  // namespace quillon
