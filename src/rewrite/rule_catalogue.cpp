@@ -6,6 +6,7 @@
 
 #include <memory>
 
+#include "compile/subexpr_rule.h"
 #include "rewrite/flatten_rule.h"
 #include "rewrite/log_exp_rules.h"
 #include "rewrite/pattern_rule.h"
@@ -130,6 +131,9 @@ const RuleRow kRules[] = {
 
     // ---- Structural operations.
     {"@flatten",    ModeSimplify,  Make<FlattenRule>},
+
+    // ---- Compilation.
+    {"@subexpr",    ModeSimplify,  Make<SubexprRule>},
 };
 
 }  // namespace
