@@ -1,9 +1,8 @@
 // Preparing a host's expression for the batch evaluator: simplified, passed through @subexpr as
 // a host would do for the stack evaluator, and compiled; the input symbols are named here, since
 // the prepared tree keeps only their numbers.
-#include <algorithm>
-
 #include "compile/program_preparation.h"
+#include "compile/symbol_set.h"
 #include "core/symbol_node.h"
 #include "core/tree_walk.h"
 #include "core/well_known.h"
@@ -24,17 +23,19 @@ bool HoldsSlots(const ENode* root) {
   return false;
 }
 
-// The distinct symbols in the order in which @subexpr numbers its input slots.
+// The texts of the symbols in the order in which @subexpr numbers its input slots.
 std::vector<std::string> SymbolNames(const ENode* root) {
-  std::vector<const SymbolENode*> symbols;
-  for (const ENode* n = root; n != nullptr; n = NextInPreorder(n, root))
-    if (n->GetType() == SymbolType) symbols.push_back(static_cast<const SymbolENode*>(n));
-  const auto before = [](const SymbolENode* a, const SymbolENode* b) { return SymbolListCompare(*a, *b) < 0; };
-  const auto same = [](const SymbolENode* a, const SymbolENode* b) { return a->IsEqual(*b); };
-  std::sort(symbols.begin(), symbols.end(), before);
-  symbols.erase(std::unique(symbols.begin(), symbols.end(), same), symbols.end());
-  std::vector<std::string> names;
-  for (const SymbolENode* s : symbols) names.emplace_back(s->Print().c_str());
+  SymbolSet set;
+  std::vector<const SymbolENode*> firstOfRecord;
+  for (const ENode* n = root; n != nullptr; n = NextInPreorder(n, root)) {
+    if (n->GetType() != SymbolType) continue;
+    const auto* symbol = static_cast<const SymbolENode*>(n);
+    if (set.Insert(*symbol) == static_cast<int32_t>(firstOfRecord.size())) firstOfRecord.push_back(symbol);
+  }
+  const std::vector<int32_t> rank = set.SortByKind();
+  std::vector<std::string> names(firstOfRecord.size());
+  for (size_t record = 0; record < firstOfRecord.size(); ++record)
+    names[static_cast<size_t>(rank[record])] = firstOfRecord[record]->Print().c_str();
   return names;
 }
 

@@ -135,7 +135,7 @@ TEST_F(ProgramTest, LeavesWithoutANumberAndFunctionsWithoutAKernelGiveNA) {
 }
 
 TEST_F(ProgramTest, PlainFormulasAreSimplifiedAndPreparedFirst) {
-  EXPECT_EQ(One("x*y/x + y^2", {2.0, 3.0}), 3.0 + 9.0);
+  EXPECT_EQ(One("x*y/x + y^2 + x", {2.0, 3.0}), 3.0 + 9.0 + 2.0);
   const auto out = Run("{x + y, x*y, 5}", {{1.0, 2.0}, {10.0, 20.0}});
   ASSERT_EQ(out.size(), 3u);
   EXPECT_EQ(out[0], (std::vector<double>{11.0, 22.0}));
@@ -144,6 +144,9 @@ TEST_F(ProgramTest, PlainFormulasAreSimplifiedAndPreparedFirst) {
 }
 
 TEST_F(ProgramTest, InputsAreNamedInSlotOrder) {
+  // series first, newest lag first; then a matrix
+  mathsymtable_add(table, "x", 15);
+  mathsymtable_add(table, "y", 15);
   mathsymtable_add(table, "m", 40);
   quillon_program* p = Compile("y + x(-1) + m(1,2) + X + y(1)");
   ASSERT_NE(p, nullptr);
