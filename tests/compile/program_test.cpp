@@ -181,6 +181,19 @@ TEST_F(ProgramTest, EveryRowOfEveryBlockIsComputed) {
   }
 }
 
+// Each block is read before it is written, so a host may write the results over an input.
+TEST_F(ProgramTest, AnOutputMayBeAnInputColumn) {
+  quillon_program* p = Compile("x^2 + y");
+  ASSERT_NE(p, nullptr);
+  std::vector<double> x(1000), y(1000, 0.5);
+  for (size_t i = 0; i < x.size(); ++i) x[i] = static_cast<double>(i);
+  const double* in[] = {x.data(), y.data()};
+  double* out[] = {x.data()};
+  ASSERT_EQ(quillon_program_evaluate(p, 1000, in, out), 0);
+  for (size_t i = 0; i < x.size(); ++i) ASSERT_EQ(x[i], static_cast<double>(i * i) + 0.5) << i;
+  quillon_program_destroy(p);
+}
+
 TEST_F(ProgramTest, ThreadsShareOneProgram) {
   quillon_program* p = Compile("exp(-x)*(x^3 + 2*x) + x^(1/2)");
   ASSERT_NE(p, nullptr);
