@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "compile/numeric_kernels.h"
 #include "core/enode.h"
-#include "core/function_def.h"
 
 namespace quillon {
 
@@ -16,11 +16,14 @@ namespace quillon {
 // stay in the first-level cache, and the fixed count lets the compiler vectorize every loop.
 inline constexpr int32_t kProgramBlock = 256;
 
-// ORDER PROGRAMOP: the switch of RunInstruction (program_runner.cpp) and kProgramOpNames follow
-// this enum. The exponent instructions are the special exponents of the stack evaluator's power.
+// ORDER PROGRAMOP: the switch of RunInstruction (program_runner.cpp) and kProgramOpNames, which
+// ListProgram prints, follow this enum. The exponent instructions are the special exponents of
+// the stack evaluator's power.
 enum class ProgramOp : uint8_t {
   Add,          // a + b
   Multiply,     // a * b
+  AddConstant,       // a + c, c the constant second operand
+  MultiplyConstant,  // a * c
   Square,       // a·a
   Cube,         // a·(a·a)
   Fourth,       // a·(a·a·a)
@@ -31,15 +34,18 @@ enum class ProgramOp : uint8_t {
   Sqrt,         // square root of a
   RecipSqrt,    // 1 / square root of a
   Power,        // a to the power b, by the special-exponent table per observation
+  PowerConstant,  // the library power of a and a constant c outside the table
   Log,          // natural logarithm of a
   Exp,          // exponential of a
-  Kernel,       // the function's scalar kernel over all operands, per observation
+  CallUnary,    // the function's kernel of one argument, per observation
+  CallBinary,   // the function's kernel of two arguments, per observation
+  CallList,     // the function's kernel over all operands, per observation
 };
 
 // ORDER PROGRAMOP
 inline constexpr const char* kProgramOpNames[] = {
-    "add",   "multiply",    "square", "cube",       "fourth", "reciprocal", "recip_square", "recip_cube",
-    "recip_fourth", "sqrt", "recip_sqrt", "power", "log", "exp", "kernel",
+    "add",   "multiply", "add_constant", "multiply_constant", "square", "cube",       "fourth", "reciprocal", "recip_square", "recip_cube",
+    "recip_fourth", "sqrt", "recip_sqrt", "power", "power_constant", "log", "exp", "call_unary", "call_binary", "call_list",
 };
 
 // Where the block of an operand comes from.
@@ -59,7 +65,7 @@ struct Instruction {
   int32_t target;        // register written
   int32_t firstOperand;  // into Program::operands
   int32_t operandCount;
-  const FunctionDef* def;  // Kernel only: whose scalar kernel runs
+  const NumericKernel* kernel;  // the Call instructions: whose kernel runs
 };
 
 // Immutable once compiled, so that threads may run one program at once.
@@ -71,7 +77,7 @@ struct Program {
   std::vector<Operand> operands;
   std::vector<double> constants;
   int32_t registerCount = 0;
-  int32_t widestKernel = 0;  // most operands of any Kernel instruction
+  int32_t widestCall = 0;  // most operands of any CallList instruction
 };
 
 // Compiles a tree in the form @subexpr leaves (borrowed, unchanged): the program computes the
@@ -83,7 +89,7 @@ Program CompileProgram(const ENode* prepared);
 // each output. Allocates its own scratch, so that calls may run at once on one program.
 void RunProgram(const Program& program, int64_t count, const double* const* inputs, double* const* outputs);
 
-// The value of a function's scalar kernel for the argument values, or NA when it has none.
-double CallScalarKernel(const FunctionDef* def, double* args, int32_t count);
+// The program as text, one instruction a line ("r2 = multiply_constant s0, c1"), then its outputs.
+std::string ListProgram(const Program& program);
 
 }  // namespace quillon

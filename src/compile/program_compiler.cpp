@@ -2,6 +2,7 @@
 // walk over cells that hold operands instead of numbers, so that every value is combined in the
 // same order and odd trees (lists inside arguments, #T beyond the temporaries) keep their shape.
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <unordered_map>
 
@@ -70,45 +71,68 @@ class ProgramCompiler {
       return {OperandKind::Input, slot->index};
     }
     if (slot->kind == 'T') return CellAt(slot->index);
-    return Constant(NA());
+    return Constant(kNA);
   }
 
   // A function over the n cells that end at the top: the result replaces them in the first.
+  // Which cells a kernel reads, and when it gives NA instead, follows its form.
   void Combine(const FunctionENode* call) {
     const int32_t n = call->childCount;
     const int32_t first = top_ - n + 1;
-    const FunctionDef* def = call->def;
-    if (def == fnList || def == fnSublist) return;  // every argument stays in its cell
-    Value result;
-    if (def == fnPlus || def == fnTimes) {
-      result = Fold(def == fnPlus ? ProgramOp::Add : ProgramOp::Multiply, first, n);
-    } else if (def == fnPow) {
-      result = Power(CellAt(first), CellAt(first + 1));
-    } else if (def == fnLog || def == fnExp) {
-      result = Emit(def == fnLog ? ProgramOp::Log : ProgramOp::Exp, {CellAt(first)});
-    } else if (def->StackOp != nullptr) {
-      result = EmitKernel(def, first, n);
-    } else {
-      result = Constant(NA());
-    }
+    const NumericKernel* kernel = call->derivative == 0 ? FindNumericKernel(call->def) : nullptr;
+    if (kernel != nullptr && kernel->form == KernelForm::KeepAll) return;
+    const Value result = kernel != nullptr ? Apply(*kernel, call->def, first, n) : Constant(kNA);
     top_ = first - 1;
     Push(result);
+  }
+
+  // ORDER KERNELFORM
+  Value Apply(const NumericKernel& kernel, const FunctionDef* def, int32_t first, int32_t n) {
+    switch (kernel.form) {
+      case KernelForm::Unary:
+        if (n != 1) break;
+        return def == fnSqrt ? Emit(ProgramOp::Sqrt, {CellAt(first)}) : Emit(ProgramOp::CallUnary, {CellAt(first)}, &kernel);
+      case KernelForm::Binary:
+        if (n != 2) break;
+        return Emit(ProgramOp::CallBinary, {CellAt(first), CellAt(first + 1)}, &kernel);
+      case KernelForm::List:
+        if (def == fnPlus || def == fnTimes) return Fold(def == fnPlus ? ProgramOp::Add : ProgramOp::Multiply, first, n);
+        return EmitList(kernel, first, n);
+      case KernelForm::FirstOfAny:
+        if (def == fnLog || def == fnExp) return Emit(def == fnLog ? ProgramOp::Log : ProgramOp::Exp, {CellAt(first)});
+        return Emit(ProgramOp::CallUnary, {CellAt(first)}, &kernel);
+      case KernelForm::PowerOfAny:
+        if (n < 2) break;
+        return Power(CellAt(first), CellAt(first + 1));
+      case KernelForm::KeepAll: break;
+    }
+    return Constant(kNA);
   }
 
   // Sums and products: up to eight arguments ((a2 op a1) op a3 ... op a(n-1)) op a0, beyond
   // that strictly left to right.
   Value Fold(ProgramOp op, int32_t first, int32_t n) {
     const auto arg = [&](int32_t k) { return CellAt(first + k); };
+    const auto combine = [&](Value a, Value b) { return Combine2(op, a, b); };
     if (n == 1) return arg(0);
-    if (n == 2) return Emit(op, {arg(1), arg(0)});
+    if (n == 2) return combine(arg(1), arg(0));
     if (n > 8) {
-      Value sum = Emit(op, {arg(0), arg(1)});
-      for (int32_t k = 2; k < n; ++k) sum = Emit(op, {sum, arg(k)});
+      Value sum = combine(arg(0), arg(1));
+      for (int32_t k = 2; k < n; ++k) sum = combine(sum, arg(k));
       return sum;
     }
-    Value sum = Emit(op, {arg(2), arg(1)});
-    for (int32_t k = 3; k < n; ++k) sum = Emit(op, {sum, arg(k)});
-    return Emit(op, {sum, arg(0)});
+    Value sum = combine(arg(2), arg(1));
+    for (int32_t k = 3; k < n; ++k) sum = combine(sum, arg(k));
+    return combine(sum, arg(0));
+  }
+
+  // A constant operand is read as one number rather than a block. Sums and products of two
+  // doubles do not depend on the order of their operands, so the constant may go second.
+  Value Combine2(ProgramOp op, Value a, Value b) {
+    const bool constantA = a.kind == OperandKind::Constant, constantB = b.kind == OperandKind::Constant;
+    if (constantA == constantB) return Emit(op, {a, b});
+    const ProgramOp withConstant = op == ProgramOp::Add ? ProgramOp::AddConstant : ProgramOp::MultiplyConstant;
+    return constantB ? Emit(withConstant, {a, b}) : Emit(withConstant, {b, a});
   }
 
   // A constant exponent of the table becomes its own instruction; any other goes through the
@@ -118,22 +142,23 @@ class ProgramCompiler {
       const double e = program_.constants[static_cast<size_t>(exponent.index)];
       for (const ExponentRow& row : kSpecialExponents)
         if (e == row.exponent) return Emit(row.op, {base});
+      return Emit(ProgramOp::PowerConstant, {base, exponent});
     }
     return Emit(ProgramOp::Power, {base, exponent});
   }
 
-  Value EmitKernel(const FunctionDef* def, int32_t first, int32_t n) {
+  Value EmitList(const NumericKernel& kernel, int32_t first, int32_t n) {
     std::vector<Value> arguments;
     for (int32_t k = 0; k < n; ++k) arguments.push_back(CellAt(first + k));
-    program_.widestKernel = std::max(program_.widestKernel, n);
-    return Emit(ProgramOp::Kernel, arguments, def);
+    program_.widestCall = std::max(program_.widestCall, n);
+    return Emit(ProgramOp::CallList, arguments, &kernel);
   }
 
-  Value Emit(ProgramOp op, const std::vector<Value>& arguments, const FunctionDef* def = nullptr) {
+  Value Emit(ProgramOp op, const std::vector<Value>& arguments, const NumericKernel* kernel = nullptr) {
     const auto firstOperand = static_cast<int32_t>(program_.operands.size());
     for (const Value& v : arguments) program_.operands.push_back({v.kind, v.index});
     const auto index = static_cast<int32_t>(program_.code.size());
-    program_.code.push_back({op, index, firstOperand, static_cast<int32_t>(arguments.size()), def});
+    program_.code.push_back({op, index, firstOperand, static_cast<int32_t>(arguments.size()), kernel});
     return {OperandKind::Register, index};
   }
 
@@ -150,7 +175,7 @@ class ProgramCompiler {
   // does; a cell never written in this run holds nothing the program can know, so it reads NA.
   Value CellAt(int32_t cell) {
     if (cell >= 0 && cell < static_cast<int32_t>(cells_.size())) return cells_[static_cast<size_t>(cell)];
-    return Constant(NA());
+    return Constant(kNA);
   }
 
   void Push(Value v) {

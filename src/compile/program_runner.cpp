@@ -12,20 +12,6 @@ namespace {
 
 constexpr int32_t B = kProgramBlock;
 
-// The stack evaluator's power: exact tests for the exponents that canonical forms produce.
-double PowerByTable(double b, double e) {
-  if (e == 2.0) return b * b;
-  if (e == 3.0) return b * (b * b);
-  if (e == -1.0) return 1.0 / b;
-  if (e == -2.0) return 1.0 / (b * b);
-  if (e == -3.0) return 1.0 / (b * b * b);
-  if (e == 4.0) return b * (b * b * b);
-  if (e == -4.0) return 1.0 / (b * b * b * b);
-  if (e == 0.5) return std::sqrt(b);
-  if (e == -0.5) return 1.0 / std::sqrt(b);
-  return std::pow(b, e);
-}
-
 // The fixed trip count and the promise that out never overlaps its operands are what let the
 // compiler turn each of these loops into vector code.
 template <typename F>
@@ -48,7 +34,7 @@ class Frame {
         constantBlocks_(p.constants.size() * B),
         staged_(static_cast<size_t>(p.inputCount) * B),
         columns_(static_cast<size_t>(p.inputCount)),
-        cells_(static_cast<size_t>(std::max(p.widestKernel, 1))) {
+        cells_(static_cast<size_t>(std::max(p.widestCall, 1))) {
     for (size_t c = 0; c < p.constants.size(); ++c)
       std::fill_n(constantBlocks_.begin() + static_cast<std::ptrdiff_t>(c * B), B, p.constants[c]);
   }
@@ -92,6 +78,10 @@ class Frame {
     return Block(program_.operands[static_cast<size_t>(ins.firstOperand + j)]);
   }
 
+  double ConstantOf(const Instruction& ins, int32_t j) const {
+    return program_.constants[static_cast<size_t>(program_.operands[static_cast<size_t>(ins.firstOperand + j)].index)];
+  }
+
   // ORDER PROGRAMOP
   void RunInstruction(const Instruction& ins) {
     double* out = registerBlocks_.data() + static_cast<size_t>(ins.target) * B;
@@ -99,6 +89,14 @@ class Frame {
     switch (ins.op) {
       case ProgramOp::Add: return Binary(out, a, Arg(ins, 1), [](double x, double y) { return x + y; });
       case ProgramOp::Multiply: return Binary(out, a, Arg(ins, 1), [](double x, double y) { return x * y; });
+      case ProgramOp::AddConstant: {
+        const double c = ConstantOf(ins, 1);
+        return Unary(out, a, [c](double x) { return x + c; });
+      }
+      case ProgramOp::MultiplyConstant: {
+        const double c = ConstantOf(ins, 1);
+        return Unary(out, a, [c](double x) { return x * c; });
+      }
       case ProgramOp::Square: return Unary(out, a, [](double x) { return x * x; });
       case ProgramOp::Cube: return Unary(out, a, [](double x) { return x * (x * x); });
       case ProgramOp::Fourth: return Unary(out, a, [](double x) { return x * (x * x * x); });
@@ -108,17 +106,23 @@ class Frame {
       case ProgramOp::RecipFourth: return Unary(out, a, [](double x) { return 1.0 / (x * x * x * x); });
       case ProgramOp::Sqrt: return Unary(out, a, [](double x) { return std::sqrt(x); });
       case ProgramOp::RecipSqrt: return Unary(out, a, [](double x) { return 1.0 / std::sqrt(x); });
-      case ProgramOp::Power: return Binary(out, a, Arg(ins, 1), PowerByTable);
-      case ProgramOp::Log: return Unary(out, a, [](double x) { return std::log(x); });
-      case ProgramOp::Exp: return Unary(out, a, [](double x) { return std::exp(x); });
-      case ProgramOp::Kernel: return RunKernel(ins, out);
+      case ProgramOp::Power: return Binary(out, a, Arg(ins, 1), PowKernel);
+      case ProgramOp::PowerConstant: {
+        const double c = ConstantOf(ins, 1);
+        return Unary(out, a, [c](double x) { return std::pow(x, c); });
+      }
+      case ProgramOp::Log: return Unary(out, a, LogKernel);
+      case ProgramOp::Exp: return Unary(out, a, ExpKernel);
+      case ProgramOp::CallUnary: return Unary(out, a, ins.kernel->unary);
+      case ProgramOp::CallBinary: return Binary(out, a, Arg(ins, 1), ins.kernel->binary);
+      case ProgramOp::CallList: return CallList(ins, out);
     }
   }
 
-  void RunKernel(const Instruction& ins, double* out) {
+  void CallList(const Instruction& ins, double* out) {
     for (int32_t i = 0; i < B; ++i) {
       for (int32_t j = 0; j < ins.operandCount; ++j) cells_[static_cast<size_t>(j)] = Arg(ins, j)[i];
-      out[i] = CallScalarKernel(ins.def, cells_.data(), ins.operandCount);
+      out[i] = ins.kernel->list(cells_.data(), ins.operandCount);
     }
   }
 
@@ -131,10 +135,6 @@ class Frame {
 };
 
 }  // namespace
-
-double CallScalarKernel(const FunctionDef* def, double* args, int32_t count) {
-  return def->StackOp != nullptr ? def->StackOp(args, count) : NA();
-}
 
 void RunProgram(const Program& program, int64_t count, const double* const* inputs, double* const* outputs) {
   if (count <= 0) return;

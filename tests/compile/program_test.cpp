@@ -7,6 +7,7 @@
 #include <thread>
 #include <vector>
 
+#include "compile/program_preparation.h"
 #include "quillon_program.h"
 #include "support/expression_test.h"
 
@@ -213,6 +214,28 @@ TEST_F(ProgramTest, ThreadsShareOneProgram) {
   EXPECT_EQ(first, alone);
   EXPECT_EQ(second, alone);
   quillon_program_destroy(p);
+}
+
+// Constant exponents of the table and constant operands get instructions of their own; a
+// register is reused once its value is read for the last time.
+TEST_F(ProgramTest, CompilesToSpecialisedInstructions) {
+  mathexpr* e = mathexpr_create(table, "(1 + 2*x + 3*x^2)/(1 - x + x^3)");
+  const std::unique_ptr<Program> p = PrepareProgram(RootOf(e));
+  mathexpr_destroy(e);
+  // constants: c0 = 1, c1 = 2, c2 = 3, c3 = -1
+  EXPECT_EQ(ListProgram(*p),
+            "r0 = multiply_constant s0, c1\n"
+            "r1 = square s0\n"
+            "r2 = multiply_constant r1, c2\n"
+            "r1 = add r2, r0\n"
+            "r2 = add_constant r1, c0\n"
+            "r1 = multiply_constant s0, c3\n"
+            "r0 = cube s0\n"
+            "r3 = add r0, r1\n"
+            "r0 = add_constant r3, c0\n"
+            "r3 = reciprocal r0\n"
+            "r0 = multiply r3, r2\n"
+            "out r0\n");
 }
 
 TEST_F(ProgramTest, BadArgumentsGiveNeutralResults) {
