@@ -112,11 +112,10 @@ std::vector<Formula> Formulas(const SumOfProducts& sop) {
          const double index = 0.2 + 0.5 * x1 - 0.3 * x2;
          return y * index - std::log(1 + std::exp(index));
        })},
-      // (d is the difference operator of the language, so the share is s)
-      {"CES function", {"a", "s", "k", "l", "r"}, "a*(s*k^(-r) + (1 - s)*l^(-r))^(-1/r)",
-       "a*(s*k^(-r) + (1 - s)*l^(-r))^(-1/r)", Native([](C c, size_t i) {
-         const double a = c[0][i], s = c[1][i], k = c[2][i], l = c[3][i], r = c[4][i];
-         return a * std::pow(s * std::pow(k, -r) + (1 - s) * std::pow(l, -r), -1 / r);
+      {"CES function", {"k", "l"}, "1.1*(0.4*k^(-0.3) + 0.6*l^(-0.3))^(-10/3)",
+       "1.1*(0.4*k^(-0.3) + 0.6*l^(-0.3))^(-10/3)", Native([](C c, size_t i) {
+         const double k = c[0][i], l = c[1][i];
+         return 1.1 * std::pow(0.4 * std::pow(k, -0.3) + 0.6 * std::pow(l, -0.3), -10.0 / 3.0);
        })},
       {"translog cost", {"w1", "w2", "q"},
        "exp(0.3 + 0.4*log(w1) + 0.6*log(w2) + 0.9*log(q) + 0.05*log(w1)^2 - 0.1*log(w1)*log(w2)"
