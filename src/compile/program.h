@@ -24,6 +24,10 @@ enum class ProgramOp : uint8_t {
   Multiply,     // a * b
   AddConstant,       // a + c, c the constant second operand
   MultiplyConstant,  // a * c
+  MultiplyAdd,                  // (a * b) + c
+  MultiplyConstantAdd,          // (a * k) + c, k constant
+  MultiplyAddConstant,          // (a * b) + k
+  MultiplyConstantAddConstant,  // (a * k1) + k2
   Square,       // a·a
   Cube,         // a·(a·a)
   Fourth,       // a·(a·a·a)
@@ -44,7 +48,8 @@ enum class ProgramOp : uint8_t {
 
 // ORDER PROGRAMOP
 inline constexpr const char* kProgramOpNames[] = {
-    "add",   "multiply", "add_constant", "multiply_constant", "square", "cube",       "fourth", "reciprocal", "recip_square", "recip_cube",
+    "add",   "multiply", "add_constant", "multiply_constant", "multiply_add", "multiply_constant_add",
+    "multiply_add_constant", "multiply_constant_add_constant", "square", "cube",       "fourth", "reciprocal", "recip_square", "recip_cube",
     "recip_fourth", "sqrt", "recip_sqrt", "power", "power_constant", "log", "exp", "call_unary", "call_binary", "call_list",
 };
 
@@ -84,6 +89,10 @@ struct Program {
 // cells that the stack evaluator would leave beyond the temporaries, in the same order of
 // operations. Inputs are numbered by the #S wildcards; inputNames is left to the caller.
 Program CompileProgram(const ENode* prepared);
+
+// Folds each product that only a sum reads into that sum (program in the compiler's numbering:
+// instruction k defines register k).
+void FuseMultiplyAdd(Program& program);
 
 // Runs the program over count observations: inputs[i][row] for each input, outputs[k][row] for
 // each output. Allocates its own scratch, so that calls may run at once on one program.

@@ -42,6 +42,7 @@ class ProgramCompiler {
   Program Compile() {
     Walk();
     CollectOutputs();
+    FuseMultiplyAdd(program_);
     AllocateRegisters();
     return std::move(program_);
   }

@@ -20,6 +20,12 @@ inline void Unary(double* __restrict out, const double* __restrict a, F f) {
 }
 
 template <typename F>
+inline void Ternary(double* __restrict out, const double* __restrict a, const double* __restrict b,
+                    const double* __restrict c, F f) {
+  for (int32_t i = 0; i < B; ++i) out[i] = f(a[i], b[i], c[i]);
+}
+
+template <typename F>
 inline void Binary(double* __restrict out, const double* __restrict a, const double* __restrict b, F f) {
   for (int32_t i = 0; i < B; ++i) out[i] = f(a[i], b[i]);
 }
@@ -96,6 +102,20 @@ class Frame {
       case ProgramOp::MultiplyConstant: {
         const double c = ConstantOf(ins, 1);
         return Unary(out, a, [c](double x) { return x * c; });
+      }
+      case ProgramOp::MultiplyAdd:
+        return Ternary(out, a, Arg(ins, 1), Arg(ins, 2), [](double x, double y, double z) { return x * y + z; });
+      case ProgramOp::MultiplyConstantAdd: {
+        const double k = ConstantOf(ins, 1);
+        return Binary(out, a, Arg(ins, 2), [k](double x, double z) { return x * k + z; });
+      }
+      case ProgramOp::MultiplyAddConstant: {
+        const double k = ConstantOf(ins, 2);
+        return Binary(out, a, Arg(ins, 1), [k](double x, double y) { return x * y + k; });
+      }
+      case ProgramOp::MultiplyConstantAddConstant: {
+        const double k1 = ConstantOf(ins, 1), k2 = ConstantOf(ins, 2);
+        return Unary(out, a, [k1, k2](double x) { return x * k1 + k2; });
       }
       case ProgramOp::Square: return Unary(out, a, [](double x) { return x * x; });
       case ProgramOp::Cube: return Unary(out, a, [](double x) { return x * (x * x); });

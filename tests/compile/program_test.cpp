@@ -216,8 +216,9 @@ TEST_F(ProgramTest, ThreadsShareOneProgram) {
   quillon_program_destroy(p);
 }
 
-// Constant exponents of the table and constant operands get instructions of their own; a
-// register is reused once its value is read for the last time.
+// Constant exponents of the table and constant operands get instructions of their own, a
+// product read only by a sum is fused into it, and a register is reused once its value is read
+// for the last time.
 TEST_F(ProgramTest, CompilesToSpecialisedInstructions) {
   mathexpr* e = mathexpr_create(table, "(1 + 2*x + 3*x^2)/(1 - x + x^3)");
   const std::unique_ptr<Program> p = PrepareProgram(RootOf(e));
@@ -226,16 +227,14 @@ TEST_F(ProgramTest, CompilesToSpecialisedInstructions) {
   EXPECT_EQ(ListProgram(*p),
             "r0 = multiply_constant s0, c1\n"
             "r1 = square s0\n"
-            "r2 = multiply_constant r1, c2\n"
-            "r1 = add r2, r0\n"
-            "r2 = add_constant r1, c0\n"
-            "r1 = multiply_constant s0, c3\n"
-            "r0 = cube s0\n"
-            "r3 = add r0, r1\n"
-            "r0 = add_constant r3, c0\n"
-            "r3 = reciprocal r0\n"
-            "r0 = multiply r3, r2\n"
-            "out r0\n");
+            "r2 = multiply_constant_add r1, c2, r0\n"
+            "r1 = add_constant r2, c0\n"
+            "r2 = cube s0\n"
+            "r0 = multiply_constant_add s0, c3, r2\n"
+            "r2 = add_constant r0, c0\n"
+            "r0 = reciprocal r2\n"
+            "r2 = multiply r0, r1\n"
+            "out r2\n");
 }
 
 TEST_F(ProgramTest, BadArgumentsGiveNeutralResults) {
