@@ -76,6 +76,7 @@ struct Instruction {
 // Immutable once compiled, so that threads may run one program at once.
 struct Program {
   int32_t inputCount = 0;
+  std::vector<int32_t> inputsRead;      // the inputs that the program reads, each once
   std::vector<std::string> inputNames;  // texts of the input symbols, in input order
   std::vector<Operand> outputs;         // result values, in the stack evaluator's cell order
   std::vector<Instruction> code;

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstring>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "compile/program.h"
 #include "core/function_node.h"
@@ -69,6 +70,7 @@ class ProgramCompiler {
     const auto* slot = static_cast<const WildcardENode*>(leaf);
     if (slot->kind == 'S' && slot->index >= 0 && slot->index < kMaxInputs) {
       program_.inputCount = std::max(program_.inputCount, slot->index + 1);
+      if (inputsSeen_.insert(slot->index).second) program_.inputsRead.push_back(slot->index);
       return {OperandKind::Input, slot->index};
     }
     if (slot->kind == 'T') return CellAt(slot->index);
@@ -244,6 +246,7 @@ class ProgramCompiler {
   Program program_;
   std::vector<Value> cells_;
   std::unordered_map<uint64_t, int32_t> constantIndex_;
+  std::unordered_set<int32_t> inputsSeen_;
   int32_t top_ = -1;
 };
 

@@ -2,8 +2,6 @@
 // so the cost of dispatch is paid once per block and the compiler vectorizes the arithmetic.
 #include <algorithm>
 #include <cmath>
-#include <cstring>
-#include <memory>
 
 #include "compile/program.h"
 
@@ -20,25 +18,25 @@ inline void Unary(double* __restrict out, const double* __restrict a, F f) {
 }
 
 template <typename F>
-inline void Ternary(double* __restrict out, const double* __restrict a, const double* __restrict b,
-                    const double* __restrict c, F f) {
-  for (int32_t i = 0; i < B; ++i) out[i] = f(a[i], b[i], c[i]);
+inline void Binary(double* __restrict out, const double* __restrict a, const double* __restrict b, F f) {
+  for (int32_t i = 0; i < B; ++i) out[i] = f(a[i], b[i]);
 }
 
 template <typename F>
-inline void Binary(double* __restrict out, const double* __restrict a, const double* __restrict b, F f) {
-  for (int32_t i = 0; i < B; ++i) out[i] = f(a[i], b[i]);
+inline void Ternary(double* __restrict out, const double* __restrict a, const double* __restrict b,
+                    const double* __restrict c, F f) {
+  for (int32_t i = 0; i < B; ++i) out[i] = f(a[i], b[i], c[i]);
 }
 
 // Scratch of one call: registers, constant blocks, staged inputs of a short last block, and the
 // argument cells of a kernel call.
 class Frame {
  public:
-  Frame(const Program& p)
+  explicit Frame(const Program& p)
       : program_(p),
         registerBlocks_(static_cast<size_t>(p.registerCount) * B),
         constantBlocks_(p.constants.size() * B),
-        staged_(static_cast<size_t>(p.inputCount) * B),
+        staged_(p.inputsRead.size() * B),
         columns_(static_cast<size_t>(p.inputCount)),
         cells_(static_cast<size_t>(std::max(p.widestCall, 1))) {
     for (size_t c = 0; c < p.constants.size(); ++c)
@@ -48,13 +46,14 @@ class Frame {
   // Points the inputs at rows [start, start + n); a short block is copied so that every loop
   // can run the full block without reading past the host's arrays.
   void LoadInputs(const double* const* inputs, int64_t start, int32_t n) {
-    for (size_t i = 0; i < columns_.size(); ++i) {
+    for (size_t k = 0; k < program_.inputsRead.size(); ++k) {
+      const auto i = static_cast<size_t>(program_.inputsRead[k]);
       const double* column = inputs[i] + start;
       if (n == B) {
         columns_[i] = column;
         continue;
       }
-      double* block = staged_.data() + i * B;
+      double* block = staged_.data() + k * B;
       std::copy_n(column, n, block);
       std::fill(block + n, block + B, 0.0);
       columns_[i] = block;

@@ -131,6 +131,8 @@ TEST_F(ProgramTest, AListInsideAnArgumentShiftsTheCells) {
 TEST_F(ProgramTest, LeavesWithoutANumberAndFunctionsWithoutAKernelGiveNA) {
   const char* texts[] = {
       "#S0 + \"text\"", "#S0 + @list()", "#S0 + #Q0", "#S0 + #T5", "#S0 + @mean(#S0)",
+      "#S0 + #S2000000",  // no host has such a column: no input, no array of that size
+      "#S0 + @sqrt(#S0, #S0)",  // a call with the wrong number of arguments
   };
   for (const char* text : texts) EXPECT_EQ(Bits(One(text, {1.0})), kNABits) << text;
 }
