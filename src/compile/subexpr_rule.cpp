@@ -15,20 +15,20 @@ namespace quillon {
 namespace {
 
 // Room for this many heights at the start; a taller tree is counted again.
-constexpr int32_t kInitialHeights = 20;
+constexpr size_t kInitialHeights = 20;
 
 // Visits every node of root's subtree in post-order with its height: 0 for a node that is not
 // a function, one more than its tallest child for a function. Returns the height of root.
 template <class Visit>
-int32_t WalkHeights(ENode* root, Visit visit) {
-  std::vector<int32_t> tallestChild;  // one entry per open ancestor
+size_t WalkHeights(ENode* root, Visit visit) {
+  std::vector<size_t> tallestChild;  // one entry per open ancestor
   ENode* node = root;
   for (;;) {
     while (node->firstChild != nullptr) {
       tallestChild.push_back(0);
       node = node->firstChild;
     }
-    int32_t height = node->GetType() == FunctionType ? 1 : 0;
+    size_t height = node->GetType() == FunctionType ? 1 : 0;
     for (;;) {
       visit(node, height);
       if (node == root) return height;
@@ -55,7 +55,7 @@ bool IsTemporary(const ENode* node, int32_t count) {
 uint32_t SubexprRule::Apply(ENode** node) {
   ENode* call = *node;
   if (call->childCount != 1) return 0;
-  Work work{.call = call, .x = call->firstChild, .ends = {}, .nodes = {}, .list = nullptr, .temporaries = 0, .uses = {}};
+  Work work(call);
   CountHeights(work);
   PlaceNodes(work);
   MakeTemporaries(work);
@@ -70,16 +70,14 @@ uint32_t SubexprRule::Apply(ENode** node) {
 // Bucket k counts the functions of height k (the last bucket takes all taller ones until the
 // array is sized to the tree), bucket 0 the other nodes.
 void SubexprRule::CountHeights(Work& work) {
-  auto count = [&work](ENode*, int32_t height) {
-    ++work.ends[static_cast<size_t>(std::min<int32_t>(height, static_cast<int32_t>(work.ends.size()) - 1))];
-  };
+  auto count = [&work](ENode*, size_t height) { ++work.ends[std::min(height, work.ends.size() - 1)]; };
   work.ends.assign(kInitialHeights, 0);
-  const int32_t height = WalkHeights(work.x, count);
+  const size_t height = WalkHeights(work.x, count);
   if (height >= kInitialHeights) {
-    work.ends.assign(static_cast<size_t>(height) + 1, 0);
+    work.ends.assign(height + 1, 0);
     WalkHeights(work.x, count);
   } else {
-    work.ends.resize(static_cast<size_t>(height) + 1);
+    work.ends.resize(height + 1);
   }
 }
 
@@ -88,9 +86,9 @@ void SubexprRule::CountHeights(Work& work) {
 void SubexprRule::PlaceNodes(Work& work) {
   work.ends[0] = 0;
   for (size_t k = 1; k < work.ends.size(); ++k) work.ends[k] += work.ends[k - 1];
-  work.nodes.resize(static_cast<size_t>(work.ends.back()));
-  WalkHeights(work.x, [&work](ENode* n, int32_t height) {
-    if (n->GetType() == FunctionType) work.nodes[static_cast<size_t>(work.ends[static_cast<size_t>(height) - 1]++)] = n;
+  work.nodes.resize(work.ends.back());
+  WalkHeights(work.x, [&work](ENode* n, size_t height) {
+    if (n->GetType() == FunctionType) work.nodes[work.ends[height - 1]++] = n;
   });
 }
 
@@ -98,14 +96,13 @@ void SubexprRule::PlaceNodes(Work& work) {
 // so trees that were equal stay equal.
 void SubexprRule::MakeTemporaries(Work& work) {
   work.list = NewCall(fnList);
-  int32_t start = 0;
+  size_t start = 0;
   for (size_t k = 1; k < work.ends.size(); ++k) {
-    const int32_t end = work.ends[k - 1];
-    HeapSortNodes(work.nodes.data() + start, end - start);
-    for (int32_t head = start; head < end;) {
-      int32_t runEnd = head + 1;
-      while (runEnd < end && NodeOrder(work.nodes[static_cast<size_t>(runEnd)], work.nodes[static_cast<size_t>(head)]) == 0)
-        ++runEnd;
+    const size_t end = work.ends[k - 1];
+    HeapSortNodes(work.nodes.data() + start, static_cast<int32_t>(end - start));
+    for (size_t head = start; head < end;) {
+      size_t runEnd = head + 1;
+      while (runEnd < end && NodeOrder(work.nodes[runEnd], work.nodes[head]) == 0) ++runEnd;
       if (runEnd - head > 1) ShareRun(work, head, runEnd);
       head = runEnd;
     }
@@ -114,12 +111,12 @@ void SubexprRule::MakeTemporaries(Work& work) {
 }
 
 // The first tree of the run moves to the list; every tree of the run leaves a #Tt in its place.
-void SubexprRule::ShareRun(Work& work, int32_t from, int32_t to) {
-  ENode* head = work.nodes[static_cast<size_t>(from)];
+void SubexprRule::ShareRun(Work& work, size_t from, size_t to) {
+  ENode* head = work.nodes[from];
   head->SwapPlaces(new WildcardENode(work.temporaries, 'T'));
   work.list->AppendChild(head);
-  for (int32_t i = from + 1; i < to; ++i) {
-    ENode* copy = work.nodes[static_cast<size_t>(i)];
+  for (size_t i = from + 1; i < to; ++i) {
+    ENode* copy = work.nodes[i];
     copy->SwapPlaces(new WildcardENode(work.temporaries, 'T'));
     copy->DestroyTree();
   }

@@ -2,14 +2,14 @@
 // become numbered temporaries computed once, symbols become numbered input slots.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
+#include "core/enode.h"
 #include "core/rule.h"
 
 namespace quillon {
-
-class FunctionENode;
 
 // @subexpr(x) --> @sublist(@list(t0, t1, ...), x')   when x holds a function subtree twice
 // @subexpr(x) --> x'                                  otherwise
@@ -26,19 +26,20 @@ class SubexprRule final : public Rule {
  private:
   // One application's working state; the rule object itself keeps nothing.
   struct Work {
-    ENode* call;                 // the @subexpr node
-    ENode* x;                    // its argument
-    std::vector<int32_t> ends;   // bucket ends by height, then stretch ends
-    std::vector<ENode*> nodes;   // function nodes in height order
-    ENode* list = nullptr;       // @list of the temporaries
+    explicit Work(ENode* call) : call(call), x(call->firstChild) {}
+    ENode* call;                // the @subexpr node
+    ENode* x;                   // its argument
+    std::vector<size_t> ends;   // bucket counts by height, then stretch ends
+    std::vector<ENode*> nodes;  // function nodes in height order
+    ENode* list = nullptr;      // @list of the temporaries
     int32_t temporaries = 0;
-    std::vector<ENode*> uses;    // one use of each temporary, or call for more than one
+    std::vector<ENode*> uses;   // one use of each temporary, or call for more than one
   };
 
   static void CountHeights(Work& work);
   static void PlaceNodes(Work& work);
   static void MakeTemporaries(Work& work);
-  static void ShareRun(Work& work, int32_t from, int32_t to);
+  static void ShareRun(Work& work, size_t from, size_t to);
   static void CountUses(Work& work, ENode* root);
   static void FoldSingleUses(Work& work);
   static void Renumber(Work& work, const std::vector<bool>& folded);

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "quillon.h"
 #include "quillon_program.h"
@@ -60,6 +61,27 @@ TEST(SmallStack, DeepestNestingAndLongChainsAreSafe) {
   }
 }
 
+// A chain of comparisons stays a chain through simplification: @subexpr sorts its heights and
+// shares the repeated call below it, and the stack evaluator walks it, all without recursion.
+TEST(SmallStack, SubexprAndStackEvaluationOfALongChain) {
+  const std::string text = "@subexpr(exp(x)" + Repeat(" < exp(x)", 100000) + ")";
+  int32_t cells = 0;
+  double answer = -1;
+  RunOnSmallStack([&] {
+    mathsymtable* table = mathsymtable_create(nullptr, 1);
+    mathexpr* e = mathexpr_create(table, text.c_str());
+    mathexpr_evaluate(e, 3);
+    std::vector<double> stack(8);
+    const double inputs[] = {0.5};
+    cells = mathexpr_stackeval(e, stack.data(), inputs);
+    answer = stack[1];
+    mathexpr_destroy(e);
+    mathsymtable_destroy(table);
+  });
+  EXPECT_EQ(cells, 2);
+  EXPECT_EQ(answer, 1.0);  // (e < e) is 0, and 0 and then 1 are below e^0.5
+}
+
 // The same kind of texts through the batch evaluator: simplification, @subexpr, compilation
 // and a run over a few rows.
 TEST(SmallStack, ProgramsOfLongChainsAreSafe) {
@@ -68,6 +90,7 @@ TEST(SmallStack, ProgramsOfLongChainsAreSafe) {
       Repeat("x^", 255) + "2",
       "x" + Repeat(" - x/y", 200000),
       "x" + Repeat(" * (y + 1)", 50000),
+      "exp(x)" + Repeat(" < exp(x)", 100000),
   };
   for (const std::string& text : texts) {
     int32_t outputs = 0;
