@@ -255,8 +255,10 @@ void PrintCell(const Timing& t, double native) {
 }
 
 double Median(std::vector<double> v) {
+  if (v.empty()) return NAN;
   std::sort(v.begin(), v.end());
-  return v.empty() ? NAN : v[v.size() / 2];
+  const size_t half = v.size() / 2;
+  return v.size() % 2 == 1 ? v[half] : (v[half - 1] + v[half]) / 2;
 }
 
 }  // namespace

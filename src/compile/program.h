@@ -28,6 +28,7 @@ enum class ProgramOp : uint8_t {
   MultiplyConstantAdd,          // (a * k) + c, k constant
   MultiplyAddConstant,          // (a * b) + k
   MultiplyConstantAddConstant,  // (a * k1) + k2
+  ReciprocalMultiply,           // (1 / a) * c: a quotient as the canonical form writes it
   Square,       // a·a
   Cube,         // a·(a·a)
   Fourth,       // a·(a·a·a)
@@ -48,10 +49,13 @@ enum class ProgramOp : uint8_t {
 
 // ORDER PROGRAMOP
 inline constexpr const char* kProgramOpNames[] = {
-    "add",   "multiply", "add_constant", "multiply_constant", "multiply_add", "multiply_constant_add",
-    "multiply_add_constant", "multiply_constant_add_constant", "square", "cube",       "fourth", "reciprocal", "recip_square", "recip_cube",
-    "recip_fourth", "sqrt", "recip_sqrt", "power", "power_constant", "log", "exp", "call_unary", "call_binary", "call_list",
+    "add", "multiply", "add_constant", "multiply_constant", "multiply_add",
+    "multiply_constant_add", "multiply_add_constant", "multiply_constant_add_constant",
+    "reciprocal_multiply", "square", "cube", "fourth", "reciprocal", "recip_square", "recip_cube",
+    "recip_fourth", "sqrt", "recip_sqrt", "power", "power_constant", "log", "exp", "call_unary",
+    "call_binary", "call_list",
 };
+static_assert(sizeof kProgramOpNames / sizeof kProgramOpNames[0] == static_cast<size_t>(ProgramOp::CallList) + 1);
 
 // Where the block of an operand comes from.
 enum class OperandKind : uint8_t {
@@ -91,8 +95,8 @@ struct Program {
 // operations. Inputs are numbered by the #S wildcards; inputNames is left to the caller.
 Program CompileProgram(const ENode* prepared);
 
-// Folds each product that only a sum reads into that sum (program in the compiler's numbering:
-// instruction k defines register k).
+// Folds a product into the sum, and a reciprocal into the product, that is its only reader
+// (program in the compiler's numbering: instruction k defines register k).
 void FuseMultiplyAdd(Program& program);
 
 // Runs the program over count observations: inputs[i][row] for each input, outputs[k][row] for

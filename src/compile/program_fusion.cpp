@@ -1,5 +1,5 @@
-// Fusing a product into the sum that is its only reader: (a*b) + c in one loop instead of two,
-// which saves a pass over the block. Both roundings stay, so values do not change.
+// Fusing an instruction into the one that is its only reader: (a*b) + c in one loop instead of
+// two, which saves a pass over the block. Both roundings stay, so values do not change.
 #include <vector>
 
 #include "compile/program.h"
@@ -7,14 +7,23 @@
 namespace quillon {
 namespace {
 
-// The fused instruction for a sum of a product of kind `product`, or the sum itself when the
-// pair has none.
-ProgramOp FusedOp(ProgramOp sum, ProgramOp product) {
-  const bool constantSum = sum == ProgramOp::AddConstant;
-  if (product == ProgramOp::Multiply) return constantSum ? ProgramOp::MultiplyAddConstant : ProgramOp::MultiplyAdd;
-  if (product == ProgramOp::MultiplyConstant)
-    return constantSum ? ProgramOp::MultiplyConstantAddConstant : ProgramOp::MultiplyConstantAdd;
-  return sum;
+// The pairs that fuse: an instruction (outer) reading the one result of another (inner). The
+// fused instruction reads the inner one's operands, then the outer one's other operand.
+struct FusionRow {
+  ProgramOp outer, inner, fused;
+};
+constexpr FusionRow kFusions[] = {
+    {ProgramOp::Add, ProgramOp::Multiply, ProgramOp::MultiplyAdd},
+    {ProgramOp::Add, ProgramOp::MultiplyConstant, ProgramOp::MultiplyConstantAdd},
+    {ProgramOp::AddConstant, ProgramOp::Multiply, ProgramOp::MultiplyAddConstant},
+    {ProgramOp::AddConstant, ProgramOp::MultiplyConstant, ProgramOp::MultiplyConstantAddConstant},
+    {ProgramOp::Multiply, ProgramOp::Reciprocal, ProgramOp::ReciprocalMultiply},
+};
+
+const FusionRow* FusionOf(ProgramOp outer, ProgramOp inner) {
+  for (const FusionRow& row : kFusions)
+    if (row.outer == outer && row.inner == inner) return &row;
+  return nullptr;
 }
 
 class Fusion {
@@ -39,24 +48,23 @@ class Fusion {
     if (o.kind == OperandKind::Register) ++reads_[static_cast<size_t>(o.index)];
   }
 
-  // A sum whose operand j is a product read nowhere else takes the product's operands in
-  // front of its other one: (a op b) + c.
-  void TryFuse(Instruction& sum) {
-    if (sum.op != ProgramOp::Add && sum.op != ProgramOp::AddConstant) return;
-    const int32_t candidates = sum.op == ProgramOp::Add ? 2 : 1;
-    for (int32_t j = 0; j < candidates; ++j) {
-      const Operand o = OperandOf(sum, j);
+  // An instruction whose operand j is the result of an instruction read nowhere else takes
+  // that one's operands in front of its own other operand. Only the first operand of a
+  // constant sum can be a register.
+  void TryFuse(Instruction& outer) {
+    const int32_t candidates = outer.op == ProgramOp::AddConstant ? 1 : outer.operandCount;
+    for (int32_t j = 0; j < candidates && candidates <= 2; ++j) {
+      const Operand o = OperandOf(outer, j);
       if (o.kind != OperandKind::Register || reads_[static_cast<size_t>(o.index)] != 1) continue;
-      const Instruction& product = p_.code[static_cast<size_t>(o.index)];
-      const ProgramOp fused = FusedOp(sum.op, product.op);
-      if (fused == sum.op) continue;
-      const Operand other = OperandOf(sum, 1 - j);
-      sum.firstOperand = static_cast<int32_t>(p_.operands.size());
-      p_.operands.push_back(OperandOf(product, 0));
-      p_.operands.push_back(OperandOf(product, 1));
+      const Instruction& inner = p_.code[static_cast<size_t>(o.index)];
+      const FusionRow* row = FusionOf(outer.op, inner.op);
+      if (row == nullptr) continue;
+      const Operand other = OperandOf(outer, 1 - j);
+      outer.firstOperand = static_cast<int32_t>(p_.operands.size());
+      for (int32_t i = 0; i < inner.operandCount; ++i) p_.operands.push_back(OperandOf(inner, i));
       p_.operands.push_back(other);
-      sum.operandCount = 3;
-      sum.op = fused;
+      outer.operandCount = inner.operandCount + 1;
+      outer.op = row->fused;
       dead_[static_cast<size_t>(o.index)] = true;
       return;
     }

@@ -116,6 +116,8 @@ class Frame {
         const double k1 = ConstantOf(ins, 1), k2 = ConstantOf(ins, 2);
         return Unary(out, a, [k1, k2](double x) { return x * k1 + k2; });
       }
+      case ProgramOp::ReciprocalMultiply:
+        return Binary(out, a, Arg(ins, 1), [](double x, double y) { return (1.0 / x) * y; });
       case ProgramOp::Square: return Unary(out, a, [](double x) { return x * x; });
       case ProgramOp::Cube: return Unary(out, a, [](double x) { return x * (x * x); });
       case ProgramOp::Fourth: return Unary(out, a, [](double x) { return x * (x * x * x); });

@@ -219,7 +219,8 @@ TEST_F(ProgramTest, ThreadsShareOneProgram) {
 }
 
 // Constant exponents of the table and constant operands get instructions of their own, a
-// product read only by a sum is fused into it, and a register is reused once its value is read
+// product read only by a sum (and a reciprocal read only by a product) is fused into its
+// reader, and a register is reused once its value is read
 // for the last time.
 TEST_F(ProgramTest, CompilesToSpecialisedInstructions) {
   mathexpr* e = mathexpr_create(table, "(1 + 2*x + 3*x^2)/(1 - x + x^3)");
@@ -234,9 +235,8 @@ TEST_F(ProgramTest, CompilesToSpecialisedInstructions) {
             "r2 = cube s0\n"
             "r0 = multiply_constant_add s0, c3, r2\n"
             "r2 = add_constant r0, c0\n"
-            "r0 = reciprocal r2\n"
-            "r2 = multiply r0, r1\n"
-            "out r2\n");
+            "r0 = reciprocal_multiply r2, r1\n"
+            "out r0\n");
 }
 
 TEST_F(ProgramTest, BadArgumentsGiveNeutralResults) {
