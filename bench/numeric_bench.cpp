@@ -162,32 +162,35 @@ std::vector<Formula> Formulas(const SumOfProducts& sop) {
   };
 }
 
-// Best nanoseconds per row of kRuns runs of body.
-double NanosPerRow(const std::function<void()>& body) {
-  double best = 1e300;
-  for (int r = 0; r < kRuns; ++r) {
-    const auto start = std::chrono::steady_clock::now();
-    body();
-    const auto stop = std::chrono::steady_clock::now();
-    best = std::min(best, std::chrono::duration<double, std::nano>(stop - start).count() / kRows);
-  }
-  return best;
+// One way of computing a formula over all rows: run writes out.
+struct Engine {
+  std::function<void()> run;
+  std::vector<double> out = std::vector<double>(kRows);
+  double nanos = INFINITY;  // best per row
+};
+
+// The runs of the engines alternate, so that a machine busy with other work slows them alike.
+void TimeInTurn(std::vector<Engine*>& engines) {
+  for (int r = 0; r < kRuns; ++r)
+    for (Engine* engine : engines) {
+      const auto start = std::chrono::steady_clock::now();
+      engine->run();
+      const auto stop = std::chrono::steady_clock::now();
+      engine->nanos = std::min(engine->nanos, std::chrono::duration<double, std::nano>(stop - start).count() / kRows);
+    }
 }
 
-// A value that should be a number and is not counts as infinitely wrong.
+// A value that should be a number and is not counts as infinitely wrong; NaN where the
+// baseline has NaN (a row outside the domain) is right.
 double WorstRelativeError(const std::vector<double>& got, const std::vector<double>& want) {
   double worst = 0;
   for (size_t i = 0; i < want.size(); ++i) {
+    if (std::isnan(got[i]) && std::isnan(want[i])) continue;
     const double error = std::fabs(got[i] - want[i]) / std::max(1.0, std::fabs(want[i]));
     worst = std::isnan(error) ? INFINITY : std::max(worst, error);
   }
   return worst;
 }
-
-struct Timing {
-  double nanos = NAN;
-  double error = NAN;
-};
 
 // The columns of data in the order of a program's inputs.
 std::vector<const double*> InputsOf(const quillon_program* p, const std::map<std::string, std::vector<double>>& data) {
@@ -200,58 +203,42 @@ std::vector<const double*> InputsOf(const quillon_program* p, const std::map<std
   return inputs;
 }
 
-Timing TimeBatch(const quillon_program* p, const std::vector<const double*>& inputs, const std::vector<double>& want) {
-  std::vector<double> out(kRows);
-  double* outputs[] = {out.data()};
-  Timing t;
-  t.nanos = NanosPerRow([&] { quillon_program_evaluate(p, kRows, inputs.data(), outputs); });
-  t.error = WorstRelativeError(out, want);
-  return t;
-}
-
-Timing TimeStackEval(mathsymtable* table, const Formula& f, const std::vector<const double*>& inputs,
-                     const std::vector<double>& want) {
-  mathexpr* prepared = mathexpr_create(table, ("@subexpr(" + f.text + ")").c_str());
-  mathexpr_evaluate(prepared, 3);
-  std::vector<double> stack(4096), row(inputs.size()), out(kRows);
-  Timing t;
-  t.nanos = NanosPerRow([&] {
-    for (size_t i = 0; i < kRows; ++i) {
-      for (size_t k = 0; k < inputs.size(); ++k) row[k] = inputs[k][i];
-      const int32_t cells = mathexpr_stackeval(prepared, stack.data(), row.data());
-      out[i] = stack[static_cast<size_t>(cells - 1)];
-    }
-  });
-  t.error = WorstRelativeError(out, want);
-  mathexpr_destroy(prepared);
-  return t;
+// The stack evaluator as a host uses it: one call per row on the @subexpr form.
+void RunStackEval(mathexpr* prepared, const std::vector<const double*>& inputs, std::vector<double>& out) {
+  std::vector<double> stack(4096), row(inputs.size());
+  for (size_t i = 0; i < kRows; ++i) {
+    for (size_t k = 0; k < inputs.size(); ++k) row[k] = inputs[k][i];
+    const int32_t cells = mathexpr_stackeval(prepared, stack.data(), row.data());
+    out[i] = stack[static_cast<size_t>(cells - 1)];
+  }
 }
 
 #ifdef QUILLON_HAVE_MUPARSER
-Timing TimeMuparser(const Formula& f, const Columns& columns, const std::vector<double>& want) {
-  mu::Parser parser;
-  std::vector<double> values(f.variables.size());
-  for (size_t k = 0; k < values.size(); ++k) parser.DefineVar(f.variables[k], &values[k]);
-  parser.SetExpr(f.muparserText);
-  std::vector<double> out(kRows);
-  Timing t;
-  t.nanos = NanosPerRow([&] {
+// muparser as its hosts use it: variables bound to cells that each row fills.
+struct MuparserRun {
+  MuparserRun(const Formula& f, const Columns& columns) : columns(columns), values(f.variables.size()) {
+    for (size_t k = 0; k < values.size(); ++k) parser.DefineVar(f.variables[k], &values[k]);
+    parser.SetExpr(f.muparserText);
+  }
+  void operator()(std::vector<double>& out) {
     for (size_t i = 0; i < kRows; ++i) {
       for (size_t k = 0; k < values.size(); ++k) values[k] = columns[k][i];
       out[i] = parser.Eval();
     }
-  });
-  t.error = WorstRelativeError(out, want);
-  return t;
-}
+  }
+  Columns columns;
+  std::vector<double> values;
+  mu::Parser parser;
+};
 #endif
 
-void PrintCell(const Timing& t, double native) {
-  if (std::isnan(t.nanos)) {
+void PrintCell(const Engine* engine, const Engine& native) {
+  if (engine == nullptr) {
     std::printf(" %17s", "-");
     return;
   }
-  std::printf(" %8.1f (%5.2fx)%s", t.nanos, t.nanos / native, t.error > 1e-9 ? "!" : " ");
+  std::printf(" %8.1f (%5.2fx)%s", engine->nanos, engine->nanos / native.nanos,
+              WorstRelativeError(engine->out, native.out) > 1e-9 ? "!" : " ");
 }
 
 double Median(std::vector<double> v) {
@@ -268,8 +255,8 @@ int main() {
   mathsymtable* table = mathsymtable_create(nullptr, 1);
   std::mt19937 random(1);
   std::uniform_real_distribution<double> positive(0.5, 1.5);
-  std::printf("ns per observation over %zu rows, best of %d runs; (ratio to native C++); ! marks a value "
-              "off by more than 1e-9\n",
+  std::printf("ns per observation over %zu rows, best of %d runs in turn; (ratio to native C++); ! marks a "
+              "value off by more than 1e-9\n",
               kRows, kRuns);
 #ifndef QUILLON_HAVE_MUPARSER
   std::printf("muparser not found at build time (Debian libmuparser-dev): its column is left empty\n");
@@ -285,30 +272,40 @@ int main() {
       for (size_t i = 0; i < kRows; ++i) column.push_back(positive(random));
       columns.push_back(column.data());
     }
-    std::vector<double> want(kRows);
-    const double native = NanosPerRow([&] { f.native(columns.data(), want.data(), kRows); });
-
     mathexpr* e = mathexpr_create(table, f.text.c_str());
     quillon_program* p = quillon_program_create(e);
     mathexpr_destroy(e);
+    mathexpr* prepared = mathexpr_create(table, ("@subexpr(" + f.text + ")").c_str());
+    mathexpr_evaluate(prepared, 3);
     const std::vector<const double*> inputs = InputsOf(p, data);
-    Timing muparser;
-#ifdef QUILLON_HAVE_MUPARSER
-    muparser = TimeMuparser(f, columns, want);
-    muparserRatios.push_back(muparser.nanos / native);
-#endif
-    const Timing stack = TimeStackEval(table, f, inputs, want);
-    const Timing batch = TimeBatch(p, inputs, want);
-    quillon_program_destroy(p);
-    stackRatios.push_back(stack.nanos / native);
-    batchRatios.push_back(batch.nanos / native);
-    worstBatch = std::max(worstBatch, batch.nanos / native);
 
-    std::printf("%-32s %9.1f", f.name.c_str(), native);
+    Engine native, stack, batch;
+    native.run = [&] { f.native(columns.data(), native.out.data(), kRows); };
+    stack.run = [&] { RunStackEval(prepared, inputs, stack.out); };
+    double* outputs[] = {batch.out.data()};
+    batch.run = [&] { quillon_program_evaluate(p, kRows, inputs.data(), outputs); };
+    std::vector<Engine*> engines = {&native, &stack, &batch};
+    Engine* muparser = nullptr;
+#ifdef QUILLON_HAVE_MUPARSER
+    MuparserRun muparserRun(f, columns);
+    Engine muparserEngine;
+    muparserEngine.run = [&] { muparserRun(muparserEngine.out); };
+    muparser = &muparserEngine;
+    engines.push_back(muparser);
+#endif
+    TimeInTurn(engines);
+    if (muparser != nullptr) muparserRatios.push_back(muparser->nanos / native.nanos);
+    stackRatios.push_back(stack.nanos / native.nanos);
+    batchRatios.push_back(batch.nanos / native.nanos);
+    worstBatch = std::max(worstBatch, batch.nanos / native.nanos);
+
+    std::printf("%-32s %9.1f", f.name.c_str(), native.nanos);
     PrintCell(muparser, native);
-    PrintCell(stack, native);
-    PrintCell(batch, native);
+    PrintCell(&stack, native);
+    PrintCell(&batch, native);
     std::printf("\n");
+    mathexpr_destroy(prepared);
+    quillon_program_destroy(p);
   }
   std::printf("median ratio: muparser %.2f, stackeval %.2f, batch %.2f; worst batch ratio %.2f\n",
               Median(muparserRatios), Median(stackRatios), Median(batchRatios), worstBatch);
