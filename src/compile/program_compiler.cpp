@@ -2,7 +2,6 @@
 // walk over cells that hold operands instead of numbers, so that every value is combined in the
 // same order and odd trees (lists inside arguments, #T beyond the temporaries) keep their shape.
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <unordered_map>
 #include <unordered_set>
@@ -18,11 +17,9 @@ namespace {
 // Inputs above this index are not a column any host has: such a slot reads NA.
 constexpr int32_t kMaxInputs = 1 << 20;
 
-// A value while compiling: an input, a constant, or the result of instruction `index`.
-struct Value {
-  OperandKind kind;
-  int32_t index;
-};
+// A value while compiling: an input, a constant, or the result of instruction `index` (the
+// register numbers come later).
+using Value = Operand;
 
 struct ExponentRow {
   double exponent;
@@ -159,7 +156,7 @@ class ProgramCompiler {
 
   Value Emit(ProgramOp op, const std::vector<Value>& arguments, const NumericKernel* kernel = nullptr) {
     const auto firstOperand = static_cast<int32_t>(program_.operands.size());
-    for (const Value& v : arguments) program_.operands.push_back({v.kind, v.index});
+    program_.operands.insert(program_.operands.end(), arguments.begin(), arguments.end());
     const auto index = static_cast<int32_t>(program_.code.size());
     program_.code.push_back({op, index, firstOperand, static_cast<int32_t>(arguments.size()), kernel});
     return {OperandKind::Register, index};
@@ -193,8 +190,7 @@ class ProgramCompiler {
     int32_t temporaries = 0;
     if (IsCallOf(root_, fnSublist) && root_->firstChild != nullptr) temporaries = root_->firstChild->childCount;
     for (int32_t cell = std::max(temporaries, 0); cell <= top_; ++cell) {
-      const Value v = CellAt(cell);
-      program_.outputs.push_back({v.kind, v.index});
+      program_.outputs.push_back(CellAt(cell));
     }
   }
 
