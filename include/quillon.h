@@ -260,8 +260,9 @@ QUILLON_API uint32_t QUILLON_CALL mathexpr_irange2d(mathexpr *e, mathexpr *s, in
 ** distributions (@cnorm, @dnorm, @qnorm, ...), @recode, @nan, @isna, @pmin, @pmax and the
 ** comparisons and and, or, not (1 for true, 0 for false, NA for a missing operand) have values;
 ** every other function (random draws, series, sample statistics, text, dates), a call with the
-** wrong number of arguments, a derivative notation such as f[1](x), a symbol that was not
-** prepared and any text or date leaf gives NA, the value with the bits 0xFFF8000000000000.
+** wrong number of arguments (but log and exp take their first argument and ^ its first two,
+** whatever follows), a derivative notation such as f[1](x), a symbol that was not prepared and
+** any text or date leaf gives NA, the value with the bits 0xFFF8000000000000.
 ** e is not changed, so several threads may evaluate one prepared expression at once.
 ** Ownership: borrows e, stack and inputs; the values stay in stack after the call.
 ** Errors: a NULL e or stack returns 0 and writes nothing; domain errors give what the platform's

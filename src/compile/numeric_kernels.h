@@ -77,7 +77,8 @@ double RecodeKernel(const double* args, int32_t n);
 inline double MinusKernel(double a, double b) { return a - b; }
 inline double DivideKernel(double a, double b) { return a / b; }
 inline double UnaryPlusKernel(double a) { return a; }
-inline double UnaryMinusKernel(double a) { return -a; }
+// A missing value keeps its bits, as it does in the canonical form -1 * a.
+inline double UnaryMinusKernel(double a) { return std::isnan(a) ? a : -a; }
 inline double SqrtKernel(double a) { return std::sqrt(a); }
 inline double InvKernel(double a) { return 1 / a; }
 inline double LogKernel(double a) { return std::log(a); }

@@ -15,7 +15,7 @@ namespace quillon::testing {
 namespace {
 
 constexpr uint64_t kNABits = 0xFFF8000000000000u;
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kMissing = std::bit_cast<double>(kNABits);  // inputs missing as a host passes them
 
 struct Cells {
   int32_t cells;
@@ -123,13 +123,15 @@ TEST_F(StackEval, MissingValuesAreNA) {
       "@pmax()",             // a function without arguments
       "@movav(#S0, 3)",      // a function without a numeric meaning
       "@sin(#S0, #S0)",      // a wrong number of arguments
+      "@pow(#S0)",           // a power without exponent
       "@gamma[1](#S0)",      // a derivative notation
       "#A1",                 // a wildcard of another kind
       "@lt(#S0, #S1)",       // a comparison with a missing operand
       "@recode(#S1, 1, 2)",  // a missing condition
+      "-#S1",                // a negated missing value
   };
   for (const char* text : texts)
-    EXPECT_EQ(std::bit_cast<uint64_t>(Value(text, {1.0, kNaN})), kNABits) << text;
+    EXPECT_EQ(std::bit_cast<uint64_t>(Value(text, {1.0, kMissing})), kNABits) << text;
 }
 
 TEST_F(StackEval, RationalLeavesGiveInfinitiesAndNA) {
@@ -177,8 +179,10 @@ TEST_F(StackEval, KernelsOfTheCatalogue) {
       {"@qlogistic(@clogistic(2))", 2},
       {"@qextreme(@cextreme(-0.4))", -0.4},
       {"@powm1(1.5, 2)", 1.25},
+      {"log(#S0, 5)", std::log(x)},
+      {"@pow(#S0, 2, 5)", x * x},
   };
-  for (const Row& row : rows) EXPECT_NEAR(Value(row.text, {x, kNaN}), row.expected, 1e-12) << row.text;
+  for (const Row& row : rows) EXPECT_NEAR(Value(row.text, {x, kMissing}), row.expected, 1e-12) << row.text;
 }
 
 // A handle on a last child evaluates that child; a child with following siblings is evaluated
