@@ -91,15 +91,18 @@ class ProgramCompiler {
     switch (kernel.form) {
       case KernelForm::Unary:
         if (n != 1) break;
-        return def == fnSqrt ? Emit(ProgramOp::Sqrt, {CellAt(first)}) : Emit(ProgramOp::CallUnary, {CellAt(first)}, &kernel);
+        if (def == fnSqrt) return Emit(ProgramOp::Sqrt, {CellAt(first)});
+        return Emit(ProgramOp::CallUnary, {CellAt(first)}, &kernel);
       case KernelForm::Binary:
         if (n != 2) break;
         return Emit(ProgramOp::CallBinary, {CellAt(first), CellAt(first + 1)}, &kernel);
       case KernelForm::List:
-        if (def == fnPlus || def == fnTimes) return Fold(def == fnPlus ? ProgramOp::Add : ProgramOp::Multiply, first, n);
+        if (def == fnPlus) return Fold(ProgramOp::Add, first, n);
+        if (def == fnTimes) return Fold(ProgramOp::Multiply, first, n);
         return EmitList(kernel, first, n);
       case KernelForm::FirstOfAny:
-        if (def == fnLog || def == fnExp) return Emit(def == fnLog ? ProgramOp::Log : ProgramOp::Exp, {CellAt(first)});
+        if (def == fnLog) return Emit(ProgramOp::Log, {CellAt(first)});
+        if (def == fnExp) return Emit(ProgramOp::Exp, {CellAt(first)});
         return Emit(ProgramOp::CallUnary, {CellAt(first)}, &kernel);
       case KernelForm::PowerOfAny:
         if (n < 2) break;
@@ -228,7 +231,8 @@ class ProgramCompiler {
       }
       registerOf[k] = reg;
       ins.target = reg;
-      for (int32_t j = 0; j < ins.operandCount; ++j) Rename(program_.operands[static_cast<size_t>(ins.firstOperand + j)], registerOf);
+      for (int32_t j = 0; j < ins.operandCount; ++j)
+        Rename(program_.operands[static_cast<size_t>(ins.firstOperand + j)], registerOf);
       for (int32_t v : releasedAfter[k]) free.push_back(registerOf[static_cast<size_t>(v)]);
     }
     for (Operand& o : program_.outputs) Rename(o, registerOf);

@@ -28,7 +28,8 @@ const FusionRow* FusionOf(ProgramOp outer, ProgramOp inner) {
 
 class Fusion {
  public:
-  explicit Fusion(Program& program) : p_(program), reads_(program.code.size(), 0), dead_(program.code.size(), false) {}
+  explicit Fusion(Program& program)
+      : p_(program), reads_(program.code.size(), 0), dead_(program.code.size(), false) {}
 
   void Run() {
     CountReads();
@@ -37,7 +38,9 @@ class Fusion {
   }
 
  private:
-  Operand& OperandOf(const Instruction& ins, int32_t j) { return p_.operands[static_cast<size_t>(ins.firstOperand + j)]; }
+  Operand& OperandOf(const Instruction& ins, int32_t j) {
+    return p_.operands[static_cast<size_t>(ins.firstOperand + j)];
+  }
 
   void CountReads() {
     for (const Instruction& ins : p_.code)

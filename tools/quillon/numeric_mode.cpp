@@ -102,7 +102,8 @@ bool ParsePoint(const std::string& at, int64_t rows, Values& values) {
   for (const std::string& pair : Split(at, ',')) {
     const size_t equal = pair.find('=');
     double value = 0;
-    if (equal == std::string::npos || !ReadNumber(pair.substr(equal + 1), value) || Trimmed(pair.substr(equal + 1)).empty()) {
+    const std::string text = equal == std::string::npos ? "" : Trimmed(pair.substr(equal + 1));
+    if (text.empty() || !ReadNumber(text, value)) {
       std::fprintf(stderr, "bad value in --at: %s\n", pair.c_str());
       return false;
     }
