@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "quillon.h"
+#include "quillon_program.h"
 
 namespace {
 
@@ -143,6 +144,37 @@ TEST(SmallStack, SubexprAndStackEvaluationOfALongChain) {
   });
   EXPECT_EQ(cells, 2);
   EXPECT_EQ(answer, 1.0);  // (e < e) is 0, and 0 and then 1 are below e^0.5
+}
+
+// The same kind of texts through the batch evaluator: simplification, @subexpr, compilation
+// and a run over a few rows.
+TEST(SmallStack, ProgramsOfLongChainsAreSafe) {
+  const std::string texts[] = {
+      Repeat("log(-(x + {", 51) + "y" + Repeat("}))", 51),
+      Repeat("x^", 255) + "2",
+      "x" + Repeat(" - x/y", 200000),
+      "x" + Repeat(" * (y + 1)", 50000),
+      "exp(x)" + Repeat(" < exp(x)", 100000),
+  };
+  for (const std::string& text : texts) {
+    int32_t outputs = 0;
+    RunOnSmallStack([&] {
+      mathsymtable* table = mathsymtable_create(nullptr, 1);
+      mathexpr* e = mathexpr_create(table, text.c_str());
+      quillon_program* p = quillon_program_create(e);
+      mathexpr_destroy(e);
+      const double column[3] = {1.5, 2.0, 0.5};
+      const double* inputs[] = {column, column};
+      double result[3];
+      double* results[] = {result};
+      if (p != nullptr && quillon_program_input_count(p) <= 2 && quillon_program_output_count(p) == 1 &&
+          quillon_program_evaluate(p, 3, inputs, results) == 0)
+        outputs = 1;
+      quillon_program_destroy(p);
+      mathsymtable_destroy(table);
+    });
+    EXPECT_EQ(outputs, 1) << text.substr(0, 60);
+  }
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <string>
@@ -15,11 +16,11 @@
 
 namespace quillon::testing {
 
-// The value of node with each symbol read by name from point; a function outside the list is a
-// test failure.
+// The value of node with each symbol read from point by its text (x, x(-1)); a function outside
+// the list is a test failure.
 inline double ValueAt(const ENode* node, const std::map<std::string, double>& point) {
   switch (node->GetType()) {
-    case SymbolType: return point.at(static_cast<const SymbolENode*>(node)->def->name);
+    case SymbolType: return point.at(static_cast<const SymbolENode*>(node)->Print().c_str());
     case FunctionType: break;
     default: return node->GetValue();
   }
@@ -40,6 +41,10 @@ inline double ValueAt(const ENode* node, const std::map<std::string, double>& po
   else if (def == fnCos) value = std::cos(args[0]);
   else ADD_FAILURE() << "no value for " << def->name;
   return value;
+}
+
+inline bool Close(double a, double b) {
+  return std::fabs(a - b) <= 1e-9 * std::max({1.0, std::fabs(a), std::fabs(b)});
 }
 
 }  // namespace quillon::testing
