@@ -30,8 +30,7 @@ uint32_t FlattenRule::Apply(ENode** node) {
   } else {
     return 0;
   }
-  argument->Unlink();
-  *node = ReplaceNode(call, argument);
+  *node = ReplaceByChild(call, argument);
   return 0;
 }
 

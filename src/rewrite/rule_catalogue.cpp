@@ -13,6 +13,10 @@
 #include "rewrite/product_rules.h"
 #include "rewrite/sign_logic_rules.h"
 #include "rewrite/sum_rules.h"
+#include "calculus/taylor_rule.h"
+#include "compile/eqkeep_rule.h"
+#include "compile/find_rules.h"
+#include "compile/replace_rules.h"
 
 namespace quillon {
 namespace {
@@ -130,6 +134,14 @@ const RuleRow kRules[] = {
 
     // ---- Structural operations.
     {"@flatten",    ModeSimplify,  Make<FlattenRule>},
+
+    // ---- Taylor expansion, replacement and search. @taylor puts its point into each derivative
+    // through @replace_expr.
+    {"@taylor",          ModeSimplify,  Make<TaylorRule>},
+    {"@replace_expr",    ModeSimplify,  Make<ReplaceRule>},
+    {"@replace_expr_ex", ModeSimplify,  Make<ReplaceRuleEx>},
+    {"@find",            ModeSimplify,  Make<FindRule>},
+    {"@eqkeep",          ModeSimplify,  Make<EqKeepRule>},
 };
 
 }  // namespace

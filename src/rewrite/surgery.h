@@ -17,6 +17,8 @@ bool IsIntValue(const ENode* node, int32_t value);
 // `fresh` (a free node) takes old's place; old and its subtree are freed (nodes that handles
 // still use survive as free trees). Returns fresh.
 ENode* ReplaceNode(ENode* old, ENode* fresh);
+// node's child takes node's place; node and its other children are freed. Returns child.
+ENode* ReplaceByChild(ENode* node, ENode* child);
 
 // A new node of def takes node's place, with node as its only child. Returns the new node, which
 // is unsettled.
