@@ -44,7 +44,10 @@ TEST_F(FindRules, TheExportSearchesCopies) {
   mathexpr* found = mathexpr_find(e, pattern, 1);
   EXPECT_EQ(Structure(found), "@list(x,y)");
   EXPECT_EQ(Structure(e), "@plus(log(x),log(y))");
-  for (mathexpr* handle : {found, pattern, e}) mathexpr_destroy(handle);
+  mathexpr* broken = mathexpr_create(table, "log(");
+  mathexpr* failed = mathexpr_find(e, broken, 0);
+  EXPECT_TRUE(mathexpr_is_error(failed)) << "an error argument is the answer";
+  for (mathexpr* handle : {failed, broken, found, pattern, e}) mathexpr_destroy(handle);
 }
 
 }  // namespace
