@@ -25,13 +25,17 @@ ENode* TakeConstantFactors(ENode* product, const ENode* x) {
   ENode* constants = nullptr;
   for (ENode* factor = product->firstChild; factor != nullptr;) {
     ENode* following = factor->next;
-    if (!DependsOn(factor, x)) MoveToEnd(constants != nullptr ? constants : constants = NewCall(fnTimes), factor);
+    if (!DependsOn(factor, x)) {
+      if (constants == nullptr) constants = NewCall(fnTimes);
+      MoveToEnd(constants, factor);
+    }
     factor = following;
   }
   return constants;
 }
 
-// The four shapes of the power rule; call is @deriv(x) once the power has been taken out.
+// The power rule when only the exponent, only the base, or both depend on x; call is @deriv(x)
+// once the power has been taken out.
 ENode* ExponentRule(ENode* call, ENode* power) {
   call->PrependChild(power->lastChild->Clone());
   return WrapWith(NewCall(fnTimes, {power, NewCall(fnLog, {power->firstChild->Clone()})}), call);

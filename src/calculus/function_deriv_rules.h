@@ -3,17 +3,9 @@
 // that no pattern resolved, and the list of successive derivatives.
 #pragma once
 
-#include <cstdint>
-
 #include "core/rule.h"
 
 namespace quillon {
-
-// The order of differentiation of derivative field in argument i (from 0) raised by one. Four
-// bits per argument: the ninth argument shares the field of the first, order 15 + 1 clears its
-// field and sets the lowest bit of the next one with no further carry, and at the eighth
-// argument it carries out of the word. Hosts read these orders back as text; keep the wraps.
-uint32_t RaiseOrder(uint32_t derivative, int32_t i);
 
 // @deriv(f(u, v), x) --> f[1,0](u, v)*@deriv(u, x) + f[0,1](u, v)*@deriv(v, x)
 // @deriv(f(k), x) --> 0   when no argument depends on x, or f has no arguments

@@ -57,6 +57,8 @@ const TextRow kDerivRows[] = {
     // A wildcard depends on every variable, but a gradient's filter knows only symbols.
     {"@deriv(#1 + x, @list(x, y))", "{1+@deriv(#1,x),0}"},
     {"@deriv(#1, @list(x))", "{0}"},
+    {"@deriv(#1 + x*y + z, @list(y, x))", "{x+@deriv(#1,y),y+@deriv(#1,x)}"},
+    {"@deriv(x*@sin(x) + y + x, @list(x))", "{1+x*@cos(x)+@sin(x)}"},
     // Malformed calls stay.
     {"@deriv()", "@deriv()"},
 };
@@ -88,12 +90,17 @@ TEST_F(DerivExports, DifferentiateCopiesOfTheArguments) {
   EXPECT_EQ(Text(mathexpr_derivx(f, y, 2)), "{x^2*y+@sin(y),x^2+@cos(y),-@sin(y)}");
   EXPECT_EQ(Text(mathexpr_derivx(f, y, 0)), "{x^2*y+@sin(y)}");
   EXPECT_EQ(Text(mathexpr_derivx(f, y, -1)), "{}");
+  mathexpr* cube = mathexpr_create(table, "x^3");
+  EXPECT_EQ(Text(mathexpr_derivx(cube, x, 3)), "{x^3,3*x^2,6*x,6}");
   // A function node serves as a list of variables: f's terms are no symbols.
   EXPECT_EQ(Text(mathexpr_deriv(f, f)), "0");
   char unchanged[64];
   mathexpr_as_text(f, unchanged, sizeof unchanged, nullptr, 0);
   EXPECT_STREQ(unchanged, "x^2*y+@sin(y)");
-  for (mathexpr* e : {f, x, y, both}) mathexpr_destroy(e);
+  mathexpr* broken = mathexpr_create(table, "x +");
+  mathexpr* error = mathexpr_deriv(broken, x);
+  EXPECT_TRUE(mathexpr_is_error(error));
+  for (mathexpr* e : {f, x, y, both, cube, broken, error}) mathexpr_destroy(e);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 // chains of the incomplete gamma and beta functions, @HasUnknownDerivs and @derivx.
 #include <gtest/gtest.h>
 
-#include "calculus/function_deriv_rules.h"
 #include "support/expression_test.h"
 
 namespace quillon::testing {
