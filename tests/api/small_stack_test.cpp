@@ -81,6 +81,8 @@ TEST(SmallStack, ReplacementAndSearchWalkLongChains) {
     bool parsed = false;
     RunOnSmallStack([&] { parsed = RoundTrip(text); });
     EXPECT_TRUE(parsed) << text.substr(0, 60);
+  }
+}
 
 // Differentiates text by the variable text; returns whether the result holds no @deriv.
 bool Differentiates(const std::string& text, const char* variable) {
