@@ -276,6 +276,16 @@ QUILLON_API mathexpr *QUILLON_CALL mathexpr_deriv2(mathexpr *f, mathexpr *x, mat
 ** See also: mathexpr_deriv, mathexpr_taylor.
 */
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_derivx(mathexpr *f, mathexpr *x, int32_t n);
+/*
+** The Taylor polynomial of f in x about x0 up to order n: a sum with one term per order k,
+** (k-th derivative of f at x0) * (x - x0)^k / @fact(k), written out as such. The terms stop at
+** the first derivative that is exactly 0; @fact(k) stays a call for the host to evaluate, and
+** an n below 0 gives 0. Example: f "x^2", x "x", x0 "1", n 5 reads back as
+** "1/@fact(0)+2*(x-1)/@fact(1)+2*(x-1)^2/@fact(2)".
+** Ownership: borrows f, x and x0; returns a new handle the caller destroys.
+** Errors: an error in an argument is the result; never NULL.
+** See also: mathexpr_derivx.
+*/
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_taylor(mathexpr *f, mathexpr *x, mathexpr *x0, int32_t n);
 /* Moves an equation to one side, in place: changes the tree e points at. */
 QUILLON_API void QUILLON_CALL mathexpr_make_implicit(mathexpr *e);
@@ -365,6 +375,18 @@ QUILLON_API mathexpr *QUILLON_CALL mathexpr_complement(mathexpr *a, mathexpr *b)
 
 /* ==================================================================== search and index ranges */
 
+/*
+** A list of the subexpressions of e that match pattern, children before parents: copies of the
+** matches, or, with wantBindings not 0, of what the wildcards #1, #2, ... of pattern stand for
+** in each (the node for one wildcard, a list in wildcard order for several, the match itself
+** for none). A repeated wildcard asks for equal subtrees; an equation matches with its sides
+** either way. Example: e "log(x)+log(y)", pattern "log(#1)" gives {x,y}, or {log(x),log(y)}
+** without bindings. The text forms @replace_expr, @replace_expr_ex and @eqkeep substitute and
+** select equation lists.
+** Ownership: borrows e and pattern; returns a new handle the caller destroys.
+** Errors: an error in an argument is the result; no match gives an empty list; never NULL.
+** See also: mathexpr_create.
+*/
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_find(mathexpr *e, mathexpr *pattern, uint8_t wantBindings);
 /*
 ** The smallest and largest index with which e uses the symbols s names, over the references

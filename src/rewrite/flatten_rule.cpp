@@ -45,8 +45,7 @@ uint32_t FlattenRule::Apply(ENode** node) {
   } else {
     return 0;
   }
-  x->Unlink();
-  *node = ReplaceNode(call, x);
+  *node = ReplaceByChild(call, x);
   return 0;
 }
 

@@ -20,6 +20,10 @@
 #include "rewrite/product_rules.h"
 #include "rewrite/sign_logic_rules.h"
 #include "rewrite/sum_rules.h"
+#include "calculus/taylor_rule.h"
+#include "compile/eqkeep_rule.h"
+#include "compile/find_rules.h"
+#include "compile/replace_rules.h"
 
 namespace quillon {
 namespace {
@@ -171,6 +175,13 @@ const RuleRow kRules[] = {
     {"@complement",    ModeSimplify,  Make<ComplementRule>},
     // ---- Compilation.
     {"@subexpr",    ModeSimplify,  Make<SubexprRule>},
+    // ---- Taylor expansion, replacement and search. @taylor puts its point into each derivative
+    // through @replace_expr.
+    {"@taylor",          ModeSimplify,  Make<TaylorRule>},
+    {"@replace_expr",    ModeSimplify,  Make<ReplaceRule>},
+    {"@replace_expr_ex", ModeSimplify,  Make<ReplaceRuleEx>},
+    {"@find",            ModeSimplify,  Make<FindRule>},
+    {"@eqkeep",          ModeSimplify,  Make<EqKeepRule>},
 };
 
 }  // namespace

@@ -18,6 +18,8 @@ bool IsIntValue(const ENode* node, int32_t value);
 // `fresh` (a free node) takes old's place; old and its subtree are freed (nodes that handles
 // still use survive as free trees). Returns fresh.
 ENode* ReplaceNode(ENode* old, ENode* fresh);
+// node's child takes node's place; node and its other children are freed. Returns child.
+ENode* ReplaceByChild(ENode* node, ENode* child);
 
 // A new node of def takes node's place, with node as its only child. Returns the new node, which
 // is unsettled.
@@ -33,9 +35,5 @@ ENode* NewCall(FunctionDef* def, std::initializer_list<ENode*> children);
 
 // Takes `child` (linked anywhere) out of its place and appends it to parent. Returns child.
 ENode* MoveToEnd(ENode* parent, ENode* child);
-
-// `child`, a node of node's subtree, takes node's place; node and the rest of its tree are
-// freed. Returns child.
-ENode* ReplaceByChild(ENode* node, ENode* child);
 
 }  // namespace quillon

@@ -61,6 +61,31 @@ TEST(SmallStack, DeepestNestingAndLongChainsAreSafe) {
   }
 }
 
+// Substitution, replacement, search and the dependency of equations walk chains as long as
+// their input and definitions that refer to each other as far as the list goes.
+TEST(SmallStack, ReplacementAndSearchWalkLongChains) {
+  const std::string chain = "x" + Repeat(" < x", 200000);
+  const std::string nest = Repeat("log(", 250) + "x" + Repeat(")", 250);
+  std::string definitions = "@eq(a0, 1)";
+  for (int i = 1; i < 20000; ++i)
+    definitions += ", @eq(a" + std::to_string(i) + ", a" + std::to_string(i - 1) + " + 1)";
+  const std::string texts[] = {
+      "@replace_expr(" + chain + ", @list(@eq(x, y + 1), @eq(y, 2)))",
+      "@replace_expr_ex(" + chain + ", @eq(x, z))",
+      "@find(log(" + chain + ") * exp(" + chain + "), exp(#1) * log(#1), TRUE)",
+      "@eqkeep(@list(a = " + chain + " < w), w)",
+      "@replace_expr(a19999, @list(" + definitions + "))",
+      "@eqkeep(@list(" + definitions + "), a0)",
+      "@replace_expr(" + nest + ", @eq(x, y))",
+      "@find(" + nest + ", log(#1), TRUE)",
+  };
+  for (const std::string& text : texts) {
+    bool parsed = false;
+    RunOnSmallStack([&] { parsed = RoundTrip(text); });
+    EXPECT_TRUE(parsed) << text.substr(0, 60);
+  }
+}
+
 // Differentiates text by the variable text; returns whether the result holds no @deriv.
 bool Differentiates(const std::string& text, const char* variable) {
   mathsymtable* table = mathsymtable_create(nullptr, 1);
