@@ -29,7 +29,9 @@ TEST_F(ImplicitRule, ExportChangesTheHandleInPlace) {
   };
   static const Row rows[] = {
       {"y := a*x + b", "@plus(@times(-1,b),@times(-1,a,x),y)"},
+      {"x := x", "0"},
       {"a - a + y", "y"},
+      {"y = 1", "@eq(y,1)"},
   };
   for (const Row& row : rows) {
     mathexpr* e = mathexpr_create(table, row.text);

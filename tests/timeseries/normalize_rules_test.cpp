@@ -2,6 +2,8 @@
 // variable, and the forms that stop short.
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "timeseries/series_test.h"
 
 namespace quillon::testing {
@@ -65,15 +67,38 @@ TEST_F(NormalizeRules, NormalizeRule5ChoosesASeriesFirst) {
   ExpectTexts(rows, kShow);
 }
 
+std::string TextOf(mathexpr* e) {
+  int32_t length = 0;
+  mathexpr_as_text(e, nullptr, 0, &length, 0);
+  std::string text(static_cast<size_t>(length), '\0');
+  mathexpr_as_text(e, text.data(), length, nullptr, 0);
+  return text;
+}
+
 TEST_F(NormalizeRules, ExportNormalizesCopiesOfItsArguments) {
-  mathexpr* eq = mathexpr_create(table, "y := q*x + p");
-  mathexpr* v = mathexpr_create(table, "x");
-  mathexpr* solved = mathexpr_normalize(eq, v);
-  EXPECT_EQ(Structure(solved), "@assign(x,@times(@pow(q,-1),@plus(@times(-1,p),y)))");
-  EXPECT_EQ(Structure(eq), "@assign(y,@plus(@times(q,x),p))");
-  mathexpr_destroy(solved);
-  mathexpr_destroy(eq);
-  mathexpr_destroy(v);
+  struct Row {
+    const char* equation;
+    const char* variable;
+    const char* expected;
+  };
+  static const Row rows[] = {
+      {"y := a*x + b", "x", "x:=(-b+y)/a"},
+      {"d(y) := e", "y", "y:=e+y(-1)"},
+      {"y := a*x + b", "c", "@normalize(y:=b+a*x,c)"},
+      {"y := ", "y", "<\"syntax error: expression ends unexpectedly\">"},
+  };
+  for (const Row& row : rows) {
+    mathexpr* eq = mathexpr_create(table, row.equation);
+    mathexpr* v = mathexpr_create(table, row.variable);
+    const std::string before = Structure(eq);
+    mathexpr* solved = mathexpr_normalize(eq, v);
+    const std::string got = TextOf(solved);
+    EXPECT_EQ(got, row.expected) << row.equation;
+    EXPECT_EQ(Structure(eq), before) << row.equation;
+    mathexpr_destroy(solved);
+    mathexpr_destroy(eq);
+    mathexpr_destroy(v);
+  }
 }
 
 }  // namespace

@@ -23,3 +23,9 @@ endif()
 
 file(WRITE ${WORK_DIR}/batch.txt "1+2\n\n(1\nlog(x(-1))\n")
 expect("batch from a pipe" 1 "3\nlog(x(-1))\n" ${CLI} - INPUT_FILE ${WORK_DIR}/batch.txt)
+
+# @normalize of a lag form it cannot write out would never end: refused before evaluation.
+expect("endless normalize refused" 1 "y:=e+y(-1)\n" ${CLI} "@normalize(d(y) := e, y)" "@normalize(@movsum(x, k) := y, x)")
+if(NOT last_err MATCHES "^refused: @normalize would never end on @movsum\\(x,k\\)")
+  message(SEND_ERROR "endless normalize message: [${last_err}]")
+endif()
