@@ -214,8 +214,37 @@ QUILLON_API uint32_t QUILLON_CALL mathexpr_is_linear(mathexpr *e, mathexpr *v);
 
 /* ==================================================================== calculus */
 
+/*
+** The derivative of f by x, simplified (mode 3). x is a symbol, or a list of them for a
+** gradient: one derivative per element, in order, with 0 for an element that is no symbol. A
+** lagged symbol is a variable of its own, and a function without a closed-form derivative
+** comes back in derivative notation, f[1,0](u, v). Example: f = x*@cos(x), x = x gives
+** "@cos(x)-x*@sin(x)"; f = x^2*y+@sin(y), x = @list(x, y, 2) gives "{2*x*y,x^2+@cos(y),0}".
+** Ownership: borrows f and x; returns a new handle the caller destroys.
+** Errors: an error expression in f or x is the result; what no rule can take stays as
+** @deriv(...) in the result, e.g. by a variable that is a function call.
+** See also: mathexpr_deriv2, mathexpr_derivx.
+*/
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_deriv(mathexpr *f, mathexpr *x);
+
+/*
+** The derivative of f by x, then by y; with y equal to x the second derivative. Example:
+** f = x^2*y+@sin(y) gives "2*x" by x and y, "-@sin(y)" by y and y.
+** Ownership: borrows f, x and y; returns a new handle the caller destroys.
+** Errors: as mathexpr_deriv.
+** See also: mathexpr_deriv.
+*/
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_deriv2(mathexpr *f, mathexpr *x, mathexpr *y);
+
+/*
+** The list of f and its first n derivatives by x, each simplified on its own: n + 1 elements,
+** element k the k-th derivative; n = 0 gives {f} and a negative n the empty list. Example:
+** f = x^3, n = 3 gives "{x^3,3*x^2,6*x,6}". The k-th element is taken from f afresh, so the
+** cost grows with the square of n.
+** Ownership: borrows f and x; returns a new handle the caller destroys.
+** Errors: as mathexpr_deriv.
+** See also: mathexpr_deriv, mathexpr_taylor.
+*/
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_derivx(mathexpr *f, mathexpr *x, int32_t n);
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_taylor(mathexpr *f, mathexpr *x, mathexpr *x0, int32_t n);
 /*

@@ -6,6 +6,8 @@
 
 #include <memory>
 
+#include "calculus/deriv_rules.h"
+#include "calculus/function_deriv_rules.h"
 #include "calculus/implicit_rule.h"
 #include "rewrite/flatten_rule.h"
 #include "rewrite/log_exp_rules.h"
@@ -151,6 +153,21 @@ const RuleRow kRules[] = {
     {"@pch",        ModeTimeExpand, Make<PchRule1>},
     {"@pchy",       ModeTimeExpand, Make<PchyRule1>},
     {"@pcha",       ModeTimeExpand, Make<PchaRule1>},
+
+    // ---- Differentiation, after every pattern: no text depends on it. The rules of @deriv are
+    // tried in this order, and a rule that fits the shape always changes it, so the order decides
+    // which one takes a call: lists first, the chain rule after the operators with rules of
+    // their own, leaves next, several variables last.
+    {"@deriv",            ModeSimplify, Make<DerivRule7>},
+    {"@deriv",            ModeSimplify, Make<DerivRule2>},
+    {"@deriv",            ModeSimplify, Make<DerivRule3>},
+    {"@deriv",            ModeSimplify, Make<DerivRule4>},
+    {"@deriv",            ModeSimplify, Make<DerivRule8>},
+    {"@deriv",            ModeSimplify, Make<DerivRule6>},
+    {"@deriv",            ModeSimplify, Make<DerivRule>},
+    {"@deriv",            ModeSimplify, Make<DerivRule5>},
+    {"@HasUnknownDerivs", ModeSimplify, Make<HasUnknownDerivsRule>},
+    {"@derivx",           ModeSimplify, Make<DerivxRule>},
 
     // ---- Structural operations.
     {"@flatten",    ModeSimplify,  Make<FlattenRule>},

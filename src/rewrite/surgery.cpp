@@ -35,6 +35,12 @@ ENode* WrapWith(ENode* wrapper, ENode* node) {
 
 ENode* NewCall(FunctionDef* def) { return new FunctionENode(def); }
 
+ENode* NewCall(FunctionDef* def, std::initializer_list<ENode*> children) {
+  ENode* call = NewCall(def);
+  for (ENode* child : children) call->AppendChild(child);
+  return call;
+}
+
 ENode* MoveToEnd(ENode* parent, ENode* child) {
   child->Unlink();
   parent->AppendChild(child);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 
 #include "core/enode.h"
 #include "core/function_def.h"
@@ -31,6 +32,8 @@ ENode* WrapWith(ENode* wrapper, ENode* node);
 
 // A new unsettled function node of def without children.
 ENode* NewCall(FunctionDef* def);
+// The same with the free nodes children (taken) linked in order.
+ENode* NewCall(FunctionDef* def, std::initializer_list<ENode*> children);
 
 // Takes `child` (linked anywhere) out of its place and appends it to parent. Returns child.
 ENode* MoveToEnd(ENode* parent, ENode* child);

@@ -63,4 +63,37 @@ TEST(SmallStack, DeepestNestingAndLongChainsAreSafe) {
   }
 }
 
+// Differentiates text by the variable text; returns whether the result holds no @deriv.
+bool Differentiates(const std::string& text, const char* variable) {
+  mathsymtable* table = mathsymtable_create(nullptr, 1);
+  mathexpr* f = mathexpr_create(table, text.c_str());
+  mathexpr* x = mathexpr_create(table, variable);
+  mathexpr* d = mathexpr_deriv(f, x);
+  int32_t length = 0;
+  mathexpr_as_text(d, nullptr, 0, &length, 0);
+  std::string printed(static_cast<size_t>(length), '\0');
+  mathexpr_as_text(d, printed.data(), length, nullptr, 0);
+  const bool resolved = !mathexpr_is_error(d) && printed.find("@deriv") == std::string::npos;
+  for (mathexpr* e : {d, x, f}) mathexpr_destroy(e);
+  mathsymtable_destroy(table);
+  return resolved;
+}
+
+TEST(SmallStack, DerivativesOfDeepNestingAndLongChainsAreSafe) {
+  const struct {
+    std::string text;
+    const char* variable;
+  } cases[] = {
+      {Repeat("@sin(", 255) + "x" + Repeat(")", 255), "x"},
+      {Repeat("x^", 255) + "2", "x"},
+      {"x" + Repeat(" - x/y", 200000), "@list(x, y, z)"},
+      {"@HasUnknownDerivs(@erf(x)" + Repeat(" + x*y", 200000) + ")", "x"},
+  };
+  for (const auto& c : cases) {
+    bool resolved = false;
+    RunOnSmallStack([&] { resolved = Differentiates(c.text, c.variable); });
+    EXPECT_TRUE(resolved) << c.text.substr(0, 60);
+  }
+}
+
 }  // namespace

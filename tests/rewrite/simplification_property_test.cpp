@@ -10,10 +10,8 @@
 #include <random>
 #include <string>
 
-#include "core/function_node.h"
-#include "core/symbol_node.h"
-#include "core/well_known.h"
 #include "support/api_helpers.h"
+#include "support/tree_value.h"
 
 namespace quillon::testing {
 namespace {
@@ -66,30 +64,6 @@ class ExpressionGenerator {
 
   std::mt19937 random_;
 };
-
-// A small evaluator of trees over the functions the generator and the rules use.
-double ValueAt(const ENode* node, const std::map<std::string, double>& point) {
-  switch (node->GetType()) {
-    case SymbolType: return point.at(static_cast<const SymbolENode*>(node)->def->name);
-    case FunctionType: break;
-    default: return node->GetValue();
-  }
-  const FunctionDef* def = DefOf(node);
-  std::vector<double> args;
-  for (const ENode* c : Children(node)) args.push_back(ValueAt(c, point));
-  double value = def == fnTimes ? 1.0 : 0.0;
-  if (def == fnPlus) for (double a : args) value += a;
-  else if (def == fnTimes) for (double a : args) value *= a;
-  else if (def == fnMinus) value = args[0] - args[1];
-  else if (def == fnDivide) value = args[0] / args[1];
-  else if (def == fnUnaryMinus) value = -args[0];
-  else if (def == fnPow) value = std::pow(args[0], args[1]);
-  else if (def == fnLog) value = std::log(args[0]);
-  else if (def == fnExp) value = std::exp(args[0]);
-  else if (def == fnSqrt) value = std::sqrt(args[0]);
-  else ADD_FAILURE() << "no value for " << def->name;
-  return value;
-}
 
 bool Close(double a, double b) {
   return std::fabs(a - b) <= 1e-9 * std::max({1.0, std::fabs(a), std::fabs(b)});
