@@ -43,7 +43,7 @@ TEST_F(MovingRules, FormsWithoutARuleStayInEveryMode) {
 
 TEST_F(MovingRules, DerivativesGoThroughTheWrittenOutForms) {
   static const TextRow rows[] = {
-      {"@deriv(@movav(x, 2), x)", "1/2"},
+      {"@deriv(@movav(x, 2), x)", "(1/2)"},
       {"@deriv(@movsum(x, 3), x(-2))", "1"},
       {"@deriv(@pch(x), x)", "1/x(-1)"},
       {"@deriv(@pc(x), x)", "100/x(-1)"},

@@ -67,14 +67,6 @@ TEST_F(NormalizeRules, NormalizeRule5ChoosesASeriesFirst) {
   ExpectTexts(rows, kShow);
 }
 
-std::string TextOf(mathexpr* e) {
-  int32_t length = 0;
-  mathexpr_as_text(e, nullptr, 0, &length, 0);
-  std::string text(static_cast<size_t>(length), '\0');
-  mathexpr_as_text(e, text.data(), length, nullptr, 0);
-  return text;
-}
-
 TEST_F(NormalizeRules, ExportNormalizesCopiesOfItsArguments) {
   struct Row {
     const char* equation;
@@ -92,7 +84,7 @@ TEST_F(NormalizeRules, ExportNormalizesCopiesOfItsArguments) {
     mathexpr* v = mathexpr_create(table, row.variable);
     const std::string before = Structure(eq);
     mathexpr* solved = mathexpr_normalize(eq, v);
-    const std::string got = TextOf(solved);
+    const std::string got = Text(solved);
     EXPECT_EQ(got, row.expected) << row.equation;
     EXPECT_EQ(Structure(eq), before) << row.equation;
     mathexpr_destroy(solved);

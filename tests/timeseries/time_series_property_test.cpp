@@ -134,12 +134,9 @@ class TimeSeriesProperty : public SeriesTest {
   }
 
   // The display text of a subtree, through a copy of it.
-  std::string Text(const ENode* node) {
+  static std::string TextOfNode(const ENode* node) {
     mathexpr* copy = ToHost(ExprHandle(node->Clone()));
-    int32_t length = 0;
-    mathexpr_as_text(copy, nullptr, 0, &length, 0);
-    std::string text(static_cast<size_t>(length), '\0');
-    mathexpr_as_text(copy, text.data(), length, nullptr, 0);
+    std::string text = Text(copy);
     mathexpr_destroy(copy);
     return text;
   }
@@ -199,7 +196,7 @@ TEST_F(TimeSeriesProperty, NormalizedEquationsHoldWhenSubstitutedBack) {
     ASSERT_TRUE(IsCallOf(root, fnAssign)) << equation << " gave " << Dump(root);
     ASSERT_EQ(Dump(root->firstChild), "x") << equation;
     // Lagged forms on the right are left as they are; the evaluator needs them written out.
-    const std::string rhs = Text(root->lastChild);
+    const std::string rhs = TextOfNode(root->lastChild);
     mathexpr_destroy(solved);
     values["x"][kNow] = EvaluatedValue("@expandtime(" + rhs + ")", values);
     ExpectClose(EvaluatedValue("@expandtime(" + lhs + ")", values), values["z"][kNow], equation);
