@@ -13,22 +13,21 @@
 namespace quillon {
 namespace {
 
-FunctionENode* AsCall(ENode* node) { return static_cast<FunctionENode*>(node); }
-
-// The derivative field with the order of argument i (from 0) raised by one. Four bits per
-// argument: the ninth argument shares the field of the first, order 15 + 1 clears its field and
-// sets the lowest bit of the next one with no further carry, and at the eighth argument it
-// carries out of the word. Hosts read these orders back as text; keep the wraps.
-uint32_t RaiseOrder(uint32_t derivative, int32_t i) {
+// Raises the order of differentiation of the function node f in argument i (from 0) by one.
+// Four bits per argument: the ninth argument shares the field of the first, order 15 + 1 clears
+// its field and sets the lowest bit of the next one with no further carry, and at the eighth
+// argument it carries out of the word. Hosts read these orders back as text; keep the wraps.
+void RaiseOrder(ENode* f, int32_t i) {
+  uint32_t& derivative = static_cast<FunctionENode*>(f)->derivative;
   const uint32_t shift = (4u * static_cast<uint32_t>(i)) % 32u;
   const uint32_t order = (derivative >> shift) & 15u;
-  return (derivative & ~(15u << shift)) | ((order + 1u) << shift);
+  derivative = (derivative & ~(15u << shift)) | ((order + 1u) << shift);
 }
 
 // f[...+1 at i](a...) * @deriv(ai, x), from a copy of f.
 ENode* ChainTerm(const ENode* f, int32_t i, const ENode* argument, const ENode* x) {
   ENode* raised = f->Clone();
-  AsCall(raised)->derivative = RaiseOrder(AsCall(raised)->derivative, i);
+  RaiseOrder(raised, i);
   return NewCall(fnTimes, {raised, NewDeriv(argument->Clone(), x)});
 }
 
@@ -77,7 +76,7 @@ uint32_t DerivRule6::Apply(ENode** node) {
     product->SwapPlaces(sum);
     sum->PrependChild(product);
   }
-  AsCall(f)->derivative = RaiseOrder(AsCall(f)->derivative, first);
+  RaiseOrder(f, first);
   *node = sum != nullptr ? sum : product;
   return 1;
 }
