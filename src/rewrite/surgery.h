@@ -21,6 +21,10 @@ ENode* ReplaceNode(ENode* old, ENode* fresh);
 // node's child takes node's place; node and its other children are freed. Returns child.
 ENode* ReplaceByChild(ENode* node, ENode* child);
 
+// child, a child of node, takes node's place; node and its other children are freed. Returns
+// child. Safe at the root, where Splice would leave the other children free.
+ENode* ReplaceByChild(ENode* node, ENode* child);
+
 // A new node of def takes node's place, with node as its only child. Returns the new node, which
 // is unsettled.
 ENode* WrapIn(FunctionDef* def, ENode* node);
