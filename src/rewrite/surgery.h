@@ -18,9 +18,6 @@ bool IsIntValue(const ENode* node, int32_t value);
 // `fresh` (a free node) takes old's place; old and its subtree are freed (nodes that handles
 // still use survive as free trees). Returns fresh.
 ENode* ReplaceNode(ENode* old, ENode* fresh);
-// node's child takes node's place; node and its other children are freed. Returns child.
-ENode* ReplaceByChild(ENode* node, ENode* child);
-
 // child, a child of node, takes node's place; node and its other children are freed. Returns
 // child. Safe at the root, where Splice would leave the other children free.
 ENode* ReplaceByChild(ENode* node, ENode* child);
