@@ -142,9 +142,18 @@ class Expression:
     def _result(self, handle):
         return Expression._adopt(handle, self._table)
 
+    def _copy(self, assignment=False):
+        """A tree of its own, made from the text; with assignment, a top-level a = b is a := b."""
+        text = self.text
+        if ":=" in text:
+            # An assignment prints as a:=b but reads back only from a = b, with the flag.
+            text, assignment = text.replace(":=", "=", 1), True
+        table = self._table.handle if self._table is not None else None
+        return Expression._adopt(lib.mathexpr_create_ex(table, text.encode(), 1 if assignment else 0), self._table)
+
     def _rewritten(self, mode):
-        # Evaluation works in place: on a tree of its own, made from the text.
-        result = Expression(self.text, self._table)
+        # Evaluation works in place, so on a copy.
+        result = self._copy()
         lib.mathexpr_evaluate(result.handle, mode)
         return result._checked()
 
@@ -283,8 +292,8 @@ class Expression:
         return self._result(lib.mathexpr_taylor(self.handle, x.handle, x0.handle, int(n)))
 
     def implicit(self):
-        """An equation a = b moved to one side, a - b."""
-        result = Expression(self.text, self._table)
+        """An equation a = b moved to one side."""
+        result = self._copy(assignment=True)
         lib.mathexpr_make_implicit(result.handle)
         return result._checked()
 
@@ -299,9 +308,9 @@ class Expression:
         return self._call("@expandtime({0})", self)
 
     def normalize(self, variable):
-        """The equation solved for variable where it can be: variable := ..."""
-        variable = self._coerce(variable)
-        return self._result(lib.mathexpr_normalize(self.handle, variable.handle))
+        """The equation a = b solved for variable where it can be: variable := ..."""
+        variable, equation = self._coerce(variable), self._copy(assignment=True)
+        return self._result(lib.mathexpr_normalize(equation.handle, variable.handle))
 
     # ---- analysis
 

@@ -25,11 +25,11 @@ def work(table):
 
 
 def test_memory_stays_flat_over_many_rounds(table):
-    for _ in range(300):
+    for _ in range(200):
         work(table)
     gc.collect()
     before = resident_bytes()
-    for _ in range(3000):
+    for _ in range(1500):
         work(table)
     gc.collect()
     # A leak of one node per round would show as hundreds of kilobytes; allow for allocator noise.
