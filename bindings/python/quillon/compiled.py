@@ -79,6 +79,8 @@ class CompiledFunction:
         self._outputs = lib.quillon_program_output_count(self._program)
         self._is_list = lib.mathexpr_get_children(expression.handle) > 0 or expression.text.startswith("{")
         self.text = expression.text
+        self._expression = expression
+        self._special = {}
 
     def __repr__(self):
         return f"<compiled {self.text} of ({', '.join(self.inputs)})>"
@@ -97,10 +99,23 @@ class CompiledFunction:
         return [np.asarray(columns[name], dtype=np.float64) for name in self.inputs]
 
     def __call__(self, *args, **kwargs):
-        program = self._live()
+        self._live()
         values = self._columns(args, kwargs)
         shape = np.broadcast_shapes(*(v.shape for v in values)) if values else ()
         count = int(np.prod(shape, dtype=np.int64))
+        scalars = {name: float(v) for name, v in zip(self.inputs, values) if v.ndim == 0 and np.isfinite(v)}
+        if scalars and len(scalars) < len(values) and count >= _ROWS_PER_THREAD:
+            # Long columns of one repeated value cost memory traffic: the values go into the
+            # formula as numbers instead, in a program kept for the next call.
+            special = self._specialized(scalars)
+            columns = {name: v for name, v in zip(self.inputs, values) if name not in scalars}
+            results = special._run([columns[name] for name in special.inputs], shape, count)
+        else:
+            results = self._run(values, shape, count)
+        return results if self._is_list else results[0]
+
+    def _run(self, values, shape, count):
+        program = self._live()
         inputs = [_flat(v, shape, count) for v in values]
         outputs = [np.empty(count) for _ in range(self._outputs)]
         columns_in = [a.ctypes.data for a in inputs]
@@ -112,8 +127,17 @@ class CompiledFunction:
             failed = any(_pool().map(lambda part: _evaluate_rows(program, columns_in, columns_out, *part), parts))
         if failed:
             raise QuillonError("batch evaluation refused its arguments")
-        results = tuple(out.reshape(shape) for out in outputs)
-        return results if self._is_list else results[0]
+        return tuple(out.reshape(shape) for out in outputs)
+
+    def _specialized(self, scalars):
+        key = tuple(sorted(scalars.items()))
+        special = self._special.pop(key, None)
+        if special is None:
+            special = CompiledFunction(self._expression.replace(scalars), self.threads)
+            if len(self._special) >= _SPECIAL_KEPT:
+                self._special.pop(next(iter(self._special))).close()
+        self._special[key] = special
+        return special
 
     def _live(self):
         if self._program is None:
@@ -121,6 +145,8 @@ class CompiledFunction:
         return self._program
 
     def close(self):
+        for special in getattr(self, "_special", {}).values():
+            special.close()
         if getattr(self, "_program", None):
             lib.quillon_program_destroy(self._program)
         self._program = None
@@ -139,6 +165,8 @@ class CompiledFunction:
 # Rows below this many per thread are not worth a thread.
 _ROWS_PER_THREAD = 1 << 16
 _executor = None
+# Programs kept per compiled function, one for each recent set of scalar inputs.
+_SPECIAL_KEPT = 8
 
 
 def _pool():
