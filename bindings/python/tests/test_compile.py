@@ -76,3 +76,11 @@ def test_errors(table):
     f.close()
     with pytest.raises(ValueError, match="closed"):
         f(x=np.ones(2))
+
+
+def test_scalars_written_into_the_formula_follow_their_values(table):
+    f = quillon.compile("a*x+b", table)
+    x = np.linspace(0, 1, 3 * 2**16)
+    for a, b in [(2.0, 1.0), (3.0, 1.0), (2.0, 1.0), (0.1, 1e300)]:
+        np.testing.assert_allclose(f(x=x, a=a, b=b), a * x + b, rtol=1e-15)
+    np.testing.assert_array_equal(f(x=x, a=np.nan, b=0.0), np.full(x.shape, np.nan))
