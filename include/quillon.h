@@ -34,7 +34,7 @@
 
 #if defined(_WIN32)
 #if defined(QUILLON_BUILDING_LIBRARY)
-#define QUILLON_API __declspec(dllexport)
+#define QUILLON_API /* the module-definition file names the exports, undecorated */
 #else
 #define QUILLON_API __declspec(dllimport)
 #endif
@@ -191,7 +191,13 @@ QUILLON_API void QUILLON_CALL mathexpr_as_text(mathexpr *e, char *buffer, int32_
 
 /* ==================================================================== inspection */
 
-/* 1 if e holds only numbers and functions that are neither random nor date-dependent. */
+/*
+** 1 if every node of e is a number, a truth value or a function that is neither random nor
+** date-dependent, read on the tree as it stands, with no evaluation; else 0.
+** Example: "1 + 2" gives 1; "x", "rnd()" and "\"a\"" give 0.
+** Ownership: borrows e. Errors: an error expression gives 0.
+** See also: mathexpr_is_constant.
+*/
 QUILLON_API uint32_t QUILLON_CALL mathexpr_is_numeric(mathexpr *e);
 
 /*
@@ -209,7 +215,25 @@ QUILLON_API int32_t QUILLON_CALL mathexpr_get_priority(mathexpr *e);
 ** a call that no rule can take comes back unevaluated, which is a legal result.
 ** Ownership: arguments are borrowed; returned handles are new and the caller destroys them. */
 
+/*
+** 1 if e does not depend on v, a symbol or a list of symbols; else 0. A lag is another
+** variable (x(-1) is constant in x), a wildcard (#1) depends on everything, and a number as v
+** matches no symbol.
+** Example: e "a*y", v "{x, y}" gives 0; e "x(-1)", v "x" gives 1; e "x", v "3" gives 1.
+** Ownership: borrows e and v. Errors: an error in either gives 0.
+** See also: mathexpr_is_linear.
+*/
 QUILLON_API uint32_t QUILLON_CALL mathexpr_is_constant(mathexpr *e, mathexpr *v);
+
+/*
+** 1 if e, as it stands after simplification, is linear in v (a symbol or a list of symbols):
+** every term has at most one factor that depends on v, and that factor is linear in turn.
+** Nothing is expanded, and a power is a function like any other.
+** Example: "a*x + b*y + c" in "{x, y}" gives 1; "x*y" in "{x, y}", "x^2", "1/x" and
+** "a*(b + x)*(c + x)" in "x" give 0; "a*(x + 1)" in "x" gives 1.
+** Ownership: borrows e and v. Errors: an error in either gives 0.
+** See also: mathexpr_is_constant, mathexpr_lincoefs.
+*/
 QUILLON_API uint32_t QUILLON_CALL mathexpr_is_linear(mathexpr *e, mathexpr *v);
 
 /* ==================================================================== calculus */
@@ -252,12 +276,83 @@ QUILLON_API void QUILLON_CALL mathexpr_make_implicit(mathexpr *e);
 
 /* ==================================================================== linear forms and lists */
 
+/*
+** The coefficients of e in the variables v (one variable, or a list of them): a list whose
+** first item is the remainder, the terms without a variable, followed by the coefficient of each
+** variable in the order of v, 0 for a variable without terms. Products of sums that depend on v
+** are multiplied out first. A term goes to the first of its factors that is a variable, and
+** the other variables stay in its coefficient; a power such as x^2 is no variable, and its term
+** stays in the remainder. Nothing checks that e is linear.
+** Example: e "a*x + b*y + c", v "{x, y}" gives {c, a, b}; e "x^2 + x", v "x" gives {x^2, 1};
+** e "a*x + b", v "{}" gives {b + a*x}.
+** Ownership: borrows e and v, returns a new handle the caller destroys.
+** Errors: an error in either argument is the result.
+** See also: mathexpr_is_linear.
+*/
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_lincoefs(mathexpr *e, mathexpr *v);
+
+/*
+** The distinct symbol references of e whose type class meets mask, as a list. x and x(-1)
+** are two references. The list is sorted as the set operations below sort: by name (without
+** regard to case); the references of a series newest first (x, x(-1), x(-2)); of other symbols
+** by second index, then first (m(1,1), m(2,1), m(1,2)).
+** The class of a symbol follows from the type the host gave it (mathsymtable_add):
+**   mask bit 1  (1): type 199, unknown
+**   mask bit 2  (2): type 43
+**   mask bit 3  (4): types 15, 44, 45, a series
+**   mask bit 4  (8): types 35, 40, 41, 42
+**   mask bit 5 (16): any other type
+**   mask bit 6 (32): type 1, a series
+** 63 selects every symbol, 36 the series, 0 none.
+** Example: e "a + x(-1) + x" with x of type 15 and mask 36 gives {x, x(-1)}; mask 0 gives {}.
+** Ownership: borrows e, returns a new handle the caller destroys.
+** Errors: an error expression is the result.
+*/
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_symlist(mathexpr *e, int32_t mask);
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_normalize(mathexpr *eq, mathexpr *v);
+
+/*
+** The list sorted. Lists, and the results of the set operations below, are ordered by one
+** order of expressions: truth values and numbers first (integers, then rationals, then reals),
+** then strings, dates, symbols and calls; symbols by name. Anything but a list comes back as it
+** is. Example: {c, a, b} gives {a, b, c}; {@sin(a), b, "s", 0.5, 1/2, 2} gives
+** {2,(1/2),0.5,"s",b,@sin(a)}; x gives x.
+** Ownership: borrows list, returns a new handle the caller destroys.
+** Errors: an error expression is the result.
+** See also: mathexpr_distinct.
+*/
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_sort(mathexpr *list);
+
+/*
+** The distinct items of list, sorted. Items are the same only when they are the same
+** expression: 1 and 1.0 are two items.
+** Example: {b, b, a, b} gives {a, b}.
+** Ownership: borrows list, returns a new handle the caller destroys.
+** Errors: an error expression is the result.
+** See also: mathexpr_union.
+*/
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_distinct(mathexpr *list);
+
+/*
+** The items of a followed by those of b, in order and with repeats. An argument that is not a
+** list is one item; lists inside the arguments stay lists.
+** Example: a {{a}}, b {b} gives {{a}, b}.
+** Ownership: borrows a and b, returns a new handle the caller destroys.
+** Errors: an error in either argument is the result.
+*/
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_join(mathexpr *a, mathexpr *b);
+
+/*
+** The set operations: the items in a or in b, in both, or in a and not in b. The result is
+** always a list, sorted as by mathexpr_sort, with each item once; an argument that is not a
+** list counts as a list of one item, and repeats inside an argument count once.
+** Example: union {b, a}, {a, c} gives {a, b, c}; intersection {a, a, b}, {a, b, b} gives
+** {a, b}; intersection {a, b}, a gives {a}; complement {a, b, b, c}, {b} gives {a, c};
+** complement x, {x} gives {}.
+** Ownership: borrow a and b, return a new handle the caller destroys.
+** Errors: an error in either argument is the result.
+** See also: mathexpr_distinct.
+*/
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_union(mathexpr *a, mathexpr *b);
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_intersection(mathexpr *a, mathexpr *b);
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_complement(mathexpr *a, mathexpr *b);
@@ -265,12 +360,60 @@ QUILLON_API mathexpr *QUILLON_CALL mathexpr_complement(mathexpr *a, mathexpr *b)
 /* ==================================================================== search and index ranges */
 
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_find(mathexpr *e, mathexpr *pattern, uint8_t wantBindings);
+/*
+** The smallest and largest index with which e uses the symbols s names, over the references
+** with one index (for a series, its lag: x is x(0)). s is a symbol, a list of symbols (an empty
+** list names none), or anything else for every symbol; only the symbol counts, not its index.
+** Returns 1 if e has such a reference. Otherwise it returns 0 and stores 2147483647 in *low and
+** -2147483648 in *high.
+** Example: e "x + x(-3) + x(2)", s "x" gives 1 with -3 and 2; e "x", s "x" gives 1 with 0 and 0.
+** Ownership: borrows e and s; low and high are out-parameters.
+** Errors: an error in either argument gives 0 and leaves *low and *high alone.
+** See also: mathexpr_irange2d.
+*/
 QUILLON_API uint32_t QUILLON_CALL mathexpr_irange1d(mathexpr *e, mathexpr *s, int32_t *low, int32_t *high);
+
+/*
+** The same over the references with two indices (matrix elements): the range of the first
+** index in *low1 and *high1, of the second in *low2 and *high2. The result is 1 if the first
+** range is not empty.
+** Example: e "m(1, 2) + m(3, 4)", s "m(1, 1)" gives 1 with 1, 3, 2, 4.
+** Ownership: borrows e and s; the four others are out-parameters.
+** Errors: an error in either argument gives 0 and leaves the four values alone.
+*/
 QUILLON_API uint32_t QUILLON_CALL mathexpr_irange2d(mathexpr *e, mathexpr *s, int32_t *low1, int32_t *high1,
                                                    int32_t *low2, int32_t *high2);
 
 /* ==================================================================== numeric evaluation */
 
+/*
+** Computes e for one set of inputs as plain floating-point arithmetic on the caller's arrays and
+** returns the number of stack cells in use at the end. Prepare e once by evaluating
+** "@subexpr(formula)" (mode 3): repeated subtrees become temporaries #T0, #T1, ... and symbols
+** become input slots #S0, #S1, ..., ranked by type class (series, then the classes 32, 2, 8, 16,
+** then unknown names), then by name without regard to case, a series' lags newest first. Call
+** once per observation. The prepared form is either one expression, and then the result is 1 and
+** the answer is in stack[0], or @sublist(@list(t0, ..., tk), main): cells 0 to k hold the
+** temporaries (k+1 is the child count of the first child), the result is k+2 and the answer is in
+** the last cell; a main expression that is a list {a, b, c} leaves one cell per item. The stack
+** needs one cell per leaf of e at most, inputs one cell per slot; neither is checked. Sums and
+** products of up to eight terms combine in a fixed order (a1+a0; ((a2+a1)+a3...)+a0), longer ones
+** from left to right, and the exponents 2, 3, 4, -1, -2, -3, -4, 0.5 and -0.5 are computed by
+** products and square roots, so results are the same bit for bit on every call. The elementary,
+** trigonometric, rounding and special functions, the standard normal, logistic and extreme value
+** distributions (@cnorm, @dnorm, @qnorm, ...), @recode, @nan, @isna, @pmin, @pmax and the
+** comparisons and and, or, not (1 for true, 0 for false, NA for a missing operand) have values;
+** every other function (random draws, series, sample statistics, text, dates), a call with the
+** wrong number of arguments (but log and exp take their first argument and ^ its first two,
+** whatever follows), a derivative notation such as f[1](x), a symbol that was not prepared and
+** any text or date leaf gives NA, the value with the bits 0xFFF8000000000000.
+** e is not changed, so several threads may evaluate one prepared expression at once.
+** Ownership: borrows e, stack and inputs; the values stay in stack after the call.
+** Errors: a NULL e or stack returns 0 and writes nothing; domain errors give what the platform's
+** mathematics library gives (log of a negative number is a NaN) and are not reported. A handle
+** from mathexpr_first_child on a node with following siblings evaluates that node alone.
+** See also: mathexpr_evaluate, mathexpr_symlist, mathexpr_first_child.
+*/
 QUILLON_API int32_t QUILLON_CALL mathexpr_stackeval(mathexpr *e, double *stack, const double *inputs);
 
 #ifdef __cplusplus

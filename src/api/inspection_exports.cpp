@@ -1,5 +1,6 @@
 // Inspection of what an expression contains: numeric or not, the attributes of its functions and
 // symbols, and the host's priority class.
+#include "analysis/predicate_rules.h"
 #include "api/handle.h"
 #include "core/function_node.h"
 #include "core/symbol_node.h"
@@ -33,13 +34,8 @@ Contents Survey(const ENode* root) {
 
 extern "C" {
 
-// Numbers and plain functions only: no symbol, text, date, wildcard, void or error, and no
-// function that is random or depends on the date.
-QUILLON_API uint32_t QUILLON_CALL mathexpr_is_numeric(mathexpr* e) {
-  const Contents c = Survey(RootOf(e));
-  return (c.tags & ~(BoolType | IntType | RationalType | RealType | FunctionType)) == 0 &&
-         (c.attributes & (AttrDate | AttrRandom)) == 0;
-}
+// Numbers and plain functions only, read on the tree as it stands, with no evaluation.
+QUILLON_API uint32_t QUILLON_CALL mathexpr_is_numeric(mathexpr* e) { return IsNumericTree(RootOf(e)); }
 
 QUILLON_API uint32_t QUILLON_CALL mathexpr_get_attributes(mathexpr* e, int32_t* nodeCount,
                                                           uint32_t* functionAttributes, uint32_t* symbolBits) {

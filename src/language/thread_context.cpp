@@ -1,27 +1,15 @@
-// The per-thread context word and the set of threads that have one.
+// The set of threads that have a context, and the release of a thread's context when it ends.
+// The per-thread word itself is the platform's (thread_slot_posix.cpp, thread_slot_windows.cpp).
 #include "language/thread_context.h"
 
 namespace quillon {
-namespace {
 
-// Owns the calling thread's context; when the thread ends, the context goes with it and the
-// thread leaves the set.
-struct ContextSlot {
-  ThreadContext* context = nullptr;
-  bool registered = false;
-  ~ContextSlot() {
-    if (!registered) return;
-    std::lock_guard<std::mutex> guard(InitLock());
-    ThreadSet().erase(&context);
-    delete context;
-  }
-};
-
-thread_local ContextSlot slot;
-
-}  // namespace
-
-ThreadContext*& ContextWord() { return slot.context; }
+void ReleaseThreadContext(ThreadContext** word) {
+  std::lock_guard<std::mutex> guard(InitLock());
+  ThreadSet().erase(word);
+  delete *word;
+  *word = nullptr;
+}
 
 std::mutex& InitLock() {
   static std::mutex lock;
@@ -31,11 +19,6 @@ std::mutex& InitLock() {
 std::unordered_set<ThreadContext**>& ThreadSet() {
   static std::unordered_set<ThreadContext**> threads;
   return threads;
-}
-
-void RegisterThisThread() {
-  slot.registered = true;
-  ThreadSet().insert(&slot.context);
 }
 
 }  // namespace quillon

@@ -72,6 +72,10 @@ std::mutex& InitLock();
 
 std::unordered_set<ThreadContext**>& ThreadSet();
 
+// Called by the platform's thread-exit hook with the word of a thread that registered: frees its
+// context and takes the word out of the set. Takes InitLock() itself.
+void ReleaseThreadContext(ThreadContext** word);
+
 template <class Visit>
 void ForEachContextWord(Visit visit) {
   for (ThreadContext** word : ThreadSet()) visit(*word);

@@ -8,6 +8,11 @@
 
 #include "calculus/deriv_rules.h"
 #include "calculus/function_deriv_rules.h"
+#include "analysis/linear_form_rules.h"
+#include "analysis/list_set_rules.h"
+#include "analysis/predicate_rules.h"
+#include "analysis/symbol_list_rules.h"
+#include "compile/subexpr_rule.h"
 #include "rewrite/flatten_rule.h"
 #include "rewrite/log_exp_rules.h"
 #include "rewrite/pattern_rule.h"
@@ -147,6 +152,25 @@ const RuleRow kRules[] = {
 
     // ---- Structural operations.
     {"@flatten",    ModeSimplify,  Make<FlattenRule>},
+
+    // ---- Structural analysis: predicates, linear forms, symbol lists and the algebra of lists.
+    {"@IsNumeric",     ModeSimplify,  Make<IsNumericRule>},
+    {"@IsConstant",    ModeSimplify,  Make<IsConstantRule>},
+    {"@IsLinear",      ModeSimplify,  Make<IsLinearRule>},
+    {"@LinExpand",     ModeSimplify,  Make<LinExpandRule>},
+    {"@LinCoefs",      ModeSimplify,  Make<LinCoefsRule>},
+    {"@LinCollect",    ModeSimplify,  Make<LinCollectRule>},
+    {"@IsPolynomial",  ModeSimplify,  Make<IsPolynomialRule>},
+    {"@SymList",       ModeSimplify,  Make<SymlistRule>},
+    {"@IRange1D",      ModeSimplify,  Make<IRange1DRule>},
+    {"@IRange2D",      ModeSimplify,  Make<IRange2DRule>},
+    {"@sort",          ModeSimplify,  Make<SortRule>},
+    {"@join",          ModeSimplify,  Make<JoinRule>},
+    {"@union",         ModeSimplify,  Make<UnionRule>},
+    {"@intersection",  ModeSimplify,  Make<IntersectRule>},
+    {"@complement",    ModeSimplify,  Make<ComplementRule>},
+    // ---- Compilation.
+    {"@subexpr",    ModeSimplify,  Make<SubexprRule>},
 };
 
 }  // namespace

@@ -42,4 +42,9 @@ ENode* MoveToEnd(ENode* parent, ENode* child) {
   return child;
 }
 
+ENode* ReplaceByChild(ENode* node, ENode* child) {
+  child->Unlink();
+  return ReplaceNode(node, child);
+}
+
 }  // namespace quillon

@@ -34,4 +34,8 @@ ENode* NewCall(FunctionDef* def, std::initializer_list<ENode*> children);
 // Takes `child` (linked anywhere) out of its place and appends it to parent. Returns child.
 ENode* MoveToEnd(ENode* parent, ENode* child);
 
+// `child`, a node of node's subtree, takes node's place; node and the rest of its tree are
+// freed. Returns child.
+ENode* ReplaceByChild(ENode* node, ENode* child);
+
 }  // namespace quillon

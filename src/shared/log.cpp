@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <ctime>
 
+#include "shared/platform.h"
+
 namespace quillon {
 namespace {
 
@@ -17,19 +19,20 @@ void WriteStamp() {
   const auto millis = static_cast<unsigned short>(
       std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000);
   char local[32];
-  std::tm parts{};
-  if (localtime_r(&seconds, &parts) == nullptr || asctime_r(&parts, local) == nullptr) {
-    std::fputs("Invalid argument to ctime_s. ", stderr);
+  if (!LocalTimeText(seconds, local)) {
+    WriteToConsole("Invalid argument to ctime_s. ");
     return;
   }
-  std::fprintf(stderr, "%.19s.%hu %.4s ", local, millis, local + 20);
+  char stamp[64];
+  std::snprintf(stamp, sizeof stamp, "%.19s.%hu %.4s ", local, millis, local + 20);
+  WriteToConsole(stamp);
 }
 
 }  // namespace
 
 void LogText(const char* text) {
   WriteStamp();
-  std::fputs(text, stderr);
+  WriteToConsole(text);
   if (std::FILE* file = std::fopen("log.out", "a")) {
     std::fputs(text, file);
     std::fflush(file);

@@ -1,10 +1,11 @@
 // Making generators by type number or short name, the process-wide default generator, and the
 // clock seed.
-#include <chrono>
+#include <cstdint>
 #include <ctime>
 #include <new>
 
 #include "quillon/random.h"
+#include "shared/platform.h"
 
 namespace quillon {
 
@@ -84,7 +85,7 @@ bool ReplaceDefaultRndGen(int32_t type) {
 }
 
 uint32_t ClockSeed() {
-  const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
+  const uint64_t ticks = PerformanceTicks();
   const uint32_t seconds = static_cast<uint32_t>(std::time(nullptr));
   return seconds ^ (static_cast<uint32_t>(ticks) * 4256657u);
 }
