@@ -6,6 +6,10 @@ import pytest
 import quillon
 from quillon import QuillonError
 
+from conftest import needs
+
+pytestmark = needs("batch evaluation")
+
 ROWS = 10**6
 
 FORMULAS = [

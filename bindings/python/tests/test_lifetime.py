@@ -6,6 +6,8 @@ import numpy as np
 
 import quillon
 
+from conftest import needs
+
 
 def resident_bytes():
     with open("/proc/self/statm") as statm:
@@ -24,6 +26,7 @@ def work(table):
         pass
 
 
+@needs("batch evaluation")
 def test_memory_stays_flat_over_many_rounds(table):
     for _ in range(200):
         work(table)
