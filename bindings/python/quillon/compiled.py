@@ -8,6 +8,7 @@ from concurrent.futures import ThreadPoolExecutor
 import numpy as np
 
 from ._library import lib
+from ._owned import Owned
 from .errors import QuillonError
 from .expression import Expression, _error_message
 
@@ -60,7 +61,7 @@ class _Columns:
         raise KeyError(f"no values given for input {name!r}")
 
 
-class CompiledFunction:
+class CompiledFunction(Owned):
     """A formula compiled once, evaluated over whole arrays.
 
     f(x=array, y=array), f(mapping) (a dict or a data frame), or f(array, array) in the order
@@ -68,15 +69,17 @@ class CompiledFunction:
     one array per output, a tuple when the formula is a list.
     """
 
+    _noun = "compiled function"
+
     def __init__(self, expression, threads=None):
         self.threads = max(1, int(threads or os.cpu_count() or 1))
-        self._program = lib.quillon_program_create(expression.handle)
-        if not self._program:
+        self._handle = lib.quillon_program_create(expression.handle)
+        if not self._handle:
             # The program refuses formulas that are or simplify to errors: say which.
             expression.simplify()
             raise QuillonError(f"cannot compile {expression.text}")
-        self.inputs = tuple(_input_name(self._program, i) for i in range(lib.quillon_program_input_count(self._program)))
-        self._outputs = lib.quillon_program_output_count(self._program)
+        self.inputs = tuple(_input_name(self._handle, i) for i in range(lib.quillon_program_input_count(self._handle)))
+        self._outputs = lib.quillon_program_output_count(self._handle)
         self._is_list = lib.mathexpr_get_children(expression.handle) > 0 or expression.text.startswith("{")
         self.text = expression.text
         self._expression = expression
@@ -99,7 +102,7 @@ class CompiledFunction:
         return [np.asarray(columns[name], dtype=np.float64) for name in self.inputs]
 
     def __call__(self, *args, **kwargs):
-        self._live()
+        self.handle  # a closed function refuses before anything is done
         values = self._columns(args, kwargs)
         shape = np.broadcast_shapes(*(v.shape for v in values)) if values else ()
         count = int(np.prod(shape, dtype=np.int64))
@@ -115,7 +118,7 @@ class CompiledFunction:
         return results if self._is_list else results[0]
 
     def _run(self, values, shape, count):
-        program = self._live()
+        program = self.handle
         inputs = [_flat(v, shape, count) for v in values]
         outputs = [np.empty(count) for _ in range(self._outputs)]
         columns_in = [a.ctypes.data for a in inputs]
@@ -139,28 +142,10 @@ class CompiledFunction:
         self._special[key] = special
         return special
 
-    def _live(self):
-        if self._program is None:
-            raise ValueError("compiled function is closed")
-        return self._program
-
-    def close(self):
-        for special in getattr(self, "_special", {}).values():
+    def _release(self, handle):
+        for special in self._special.values():
             special.close()
-        if getattr(self, "_program", None):
-            lib.quillon_program_destroy(self._program)
-        self._program = None
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *exc):
-        self.close()
-
-    def __del__(self):
-        if lib is not None:
-            self.close()
-
+        lib.quillon_program_destroy(handle)
 
 # Rows below this many per thread are not worth a thread.
 _ROWS_PER_THREAD = 1 << 16

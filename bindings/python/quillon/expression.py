@@ -6,6 +6,7 @@ import numbers
 import weakref
 
 from ._library import lib
+from ._owned import Owned
 from .errors import QuillonError
 
 # Rewrite modes of mathexpr_evaluate.
@@ -40,7 +41,12 @@ def _number_text(value):
     return repr(value)
 
 
-class Expression:
+def _operator(symbol, reflected=False):
+    """The method behind a Python operator: a new expression (left)symbol(right)."""
+    return lambda self, other: self._binary(symbol, other, reflected)
+
+
+class Expression(Owned):
     """A formula over the names of a SymbolTable.
 
     Every operation returns a new Expression and leaves this one unchanged. An expression
@@ -80,32 +86,13 @@ class Expression:
     # ---- life cycle
 
     @property
-    def handle(self):
-        if self._handle is None:
-            raise ValueError("expression is closed")
-        return self._handle
-
-    @property
     def table(self):
         return self._table
 
-    def close(self):
-        if getattr(self, "_handle", None) is None:
-            return
+    def _release(self, handle):
         for child in list(self._children):
             child.close()
-        lib.mathexpr_destroy(self._handle)
-        self._handle = None
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *exc):
-        self.close()
-
-    def __del__(self):
-        if lib is not None:
-            self.close()
+        lib.mathexpr_destroy(handle)
 
     # ---- building
 
@@ -189,35 +176,11 @@ class Expression:
 
     # ---- arithmetic
 
-    def __add__(self, other):
-        return self._binary("+", other)
-
-    def __radd__(self, other):
-        return self._binary("+", other, True)
-
-    def __sub__(self, other):
-        return self._binary("-", other)
-
-    def __rsub__(self, other):
-        return self._binary("-", other, True)
-
-    def __mul__(self, other):
-        return self._binary("*", other)
-
-    def __rmul__(self, other):
-        return self._binary("*", other, True)
-
-    def __truediv__(self, other):
-        return self._binary("/", other)
-
-    def __rtruediv__(self, other):
-        return self._binary("/", other, True)
-
-    def __pow__(self, other):
-        return self._binary("^", other)
-
-    def __rpow__(self, other):
-        return self._binary("^", other, True)
+    __add__, __radd__ = _operator("+"), _operator("+", reflected=True)
+    __sub__, __rsub__ = _operator("-"), _operator("-", reflected=True)
+    __mul__, __rmul__ = _operator("*"), _operator("*", reflected=True)
+    __truediv__, __rtruediv__ = _operator("/"), _operator("/", reflected=True)
+    __pow__, __rpow__ = _operator("^"), _operator("^", reflected=True)
 
     def __neg__(self):
         return Expression(f"-({self.text})", self._table)

@@ -3,6 +3,7 @@
 import weakref
 
 from ._library import RESOLVER, lib
+from ._owned import Owned
 
 # Raw type codes of the library for the kinds a data user declares. Series take lags, x(-1);
 # matrices take two indices, m(1,2); vectors one, v(3); scalars none.
@@ -27,13 +28,15 @@ def type_code(kind):
     return int(kind)
 
 
-class SymbolTable:
+class SymbolTable(Owned):
     """Names declared by kind; with resolver, a callable name -> kind asked for unknown names.
 
     With auto=True every name is accepted (the resolver, if any, still gives its kind). The
     table must outlive the expressions parsed with it: each expression keeps it alive, and
     closing the table closes them first.
     """
+
+    _noun = "symbol table"
 
     def __init__(self, series=(), scalars=(), matrices=(), vectors=(), resolver=None, auto=False):
         self._resolver = resolver
@@ -56,29 +59,10 @@ class SymbolTable:
         """Declares name (or replaces its kind); True when the name is new."""
         return bool(lib.mathsymtable_add(self.handle, name.encode(), type_code(kind)))
 
-    @property
-    def handle(self):
-        if self._handle is None:
-            raise ValueError("symbol table is closed")
-        return self._handle
-
     def _register(self, expression):
         self._expressions.add(expression)
 
-    def close(self):
-        if self._handle is None:
-            return
+    def _release(self, handle):
         for expression in list(self._expressions):
             expression.close()
-        lib.mathsymtable_destroy(self._handle)
-        self._handle = None
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *exc):
-        self.close()
-
-    def __del__(self):
-        if getattr(self, "_handle", None) is not None and lib is not None:
-            self.close()
+        lib.mathsymtable_destroy(handle)
