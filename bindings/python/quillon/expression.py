@@ -78,10 +78,7 @@ class Expression(Owned):
             owner._children.add(self)
         if table is not None:
             table._register(self)
-        if lib.mathexpr_is_error(handle):
-            message = _error_message(_text_of(handle))
-            self.close()
-            raise QuillonError(message)
+        self._checked()
 
     # ---- life cycle
 
@@ -120,6 +117,7 @@ class Expression(Owned):
         return result._checked()
 
     def _checked(self):
+        """self, or QuillonError with the engine's message when self is an error expression."""
         if lib.mathexpr_is_error(self.handle):
             message = _error_message(self.text)
             self.close()
