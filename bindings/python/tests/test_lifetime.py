@@ -20,6 +20,8 @@ def work(table):
         str(item)
     e.diff("b").simplify().lag(1)
     quillon.compile(e)(x=np.ones(8), a=1, b=2, c=3)
+    with quillon.SymbolTable(resolver=lambda name: "series") as own:
+        quillon.parse("u(-1)+v", own).diff("v")
     try:
         quillon.parse("x+(", table)
     except quillon.QuillonError:
