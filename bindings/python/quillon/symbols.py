@@ -28,6 +28,17 @@ def type_code(kind):
     return int(kind)
 
 
+def _answering(resolver):
+    def resolve(name):
+        # An exception cannot cross the C boundary: an answer that fails is "unknown".
+        try:
+            return type_code(resolver(name.decode("utf-8", "replace")))
+        except Exception:
+            return UNKNOWN
+
+    return resolve
+
+
 class SymbolTable(Owned):
     """Names declared by kind; with resolver, a callable name -> kind asked for unknown names.
 
@@ -39,21 +50,14 @@ class SymbolTable(Owned):
     _noun = "symbol table"
 
     def __init__(self, series=(), scalars=(), matrices=(), vectors=(), resolver=None, auto=False):
-        self._resolver = resolver
-        # The callback object must live as long as the table that may call it.
-        self._callback = RESOLVER(self._resolve) if resolver is not None else RESOLVER()
+        # The callback object must live as long as the table that may call it; it does not refer
+        # to the table, so that a table is freed as soon as it is no longer used.
+        self._callback = RESOLVER(_answering(resolver)) if resolver is not None else RESOLVER()
         self._expressions = weakref.WeakSet()
         self._handle = lib.mathsymtable_create(self._callback, 1 if auto else 0)
         for kind, names in (("series", series), ("scalar", scalars), ("matrix", matrices), ("vector", vectors)):
             for name in [names] if isinstance(names, str) else names:
                 self.add(name, kind)
-
-    def _resolve(self, name):
-        # An exception cannot cross the C boundary: an answer that fails is "unknown".
-        try:
-            return type_code(self._resolver(name.decode("utf-8", "replace")))
-        except Exception:
-            return UNKNOWN
 
     def add(self, name, kind="series"):
         """Declares name (or replaces its kind); True when the name is new."""
