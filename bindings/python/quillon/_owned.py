@@ -16,6 +16,10 @@ class Owned:
             raise ValueError(f"{self._noun} is closed")
         return self._handle
 
+    @property
+    def closed(self):
+        return self._handle is None
+
     def _release(self, handle):
         raise NotImplementedError
 

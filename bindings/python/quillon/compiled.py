@@ -90,7 +90,7 @@ class CompiledFunction(Owned):
 
     def _columns(self, args, kwargs):
         if len(args) == 1 and hasattr(args[0], "keys") and not isinstance(args[0], np.ndarray):
-            mapping = dict((key, args[0][key]) for key in args[0].keys())
+            mapping = {key: args[0][key] for key in args[0].keys()}
         elif args:
             if len(args) != len(self.inputs):
                 raise TypeError(f"expected {len(self.inputs)} arrays ({', '.join(self.inputs)}), got {len(args)}")
@@ -107,10 +107,8 @@ class CompiledFunction(Owned):
         shape = np.broadcast_shapes(*(v.shape for v in values)) if values else ()
         count = int(np.prod(shape, dtype=np.int64))
         scalars = {name: float(v) for name, v in zip(self.inputs, values) if v.ndim == 0 and np.isfinite(v)}
-        if scalars and len(scalars) < len(values) and count >= _ROWS_PER_THREAD:
-            # Long columns of one repeated value cost memory traffic: the values go into the
-            # formula as numbers instead, in a program kept for the next call.
-            special = self._specialized(scalars)
+        special = self._specialized(scalars) if 0 < len(scalars) < len(values) and count >= _ROWS_PER_THREAD else None
+        if special is not None:
             columns = {name: v for name, v in zip(self.inputs, values) if name not in scalars}
             results = special._run([columns[name] for name in special.inputs], shape, count)
         else:
@@ -133,6 +131,11 @@ class CompiledFunction(Owned):
         return tuple(out.reshape(shape) for out in outputs)
 
     def _specialized(self, scalars):
+        """A program with the scalars written in as numbers, kept for the next call with the same
+        values: long columns of one repeated value would cost memory traffic. None when the
+        formula is gone (closed by its owner)."""
+        if self._expression.closed:
+            return None
         key = tuple(sorted(scalars.items()))
         special = self._special.pop(key, None)
         if special is None:
@@ -146,6 +149,7 @@ class CompiledFunction(Owned):
         for special in self._special.values():
             special.close()
         lib.quillon_program_destroy(handle)
+
 
 # Rows below this many per thread are not worth a thread.
 _ROWS_PER_THREAD = 1 << 16

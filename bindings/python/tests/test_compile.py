@@ -88,3 +88,6 @@ def test_scalars_written_into_the_formula_follow_their_values(table):
     for a, b in [(2.0, 1.0), (3.0, 1.0), (2.0, 1.0), (0.1, 1e300)]:
         np.testing.assert_allclose(f(x=x, a=a, b=b), a * x + b, rtol=1e-15)
     np.testing.assert_array_equal(f(x=x, a=np.nan, b=0.0), np.full(x.shape, np.nan))
+    with quillon.parse("x-a", table) as e:
+        g = quillon.compile(e)
+    np.testing.assert_array_equal(g(x=x, a=1.0), x - 1)
