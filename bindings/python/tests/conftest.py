@@ -13,7 +13,10 @@ def table():
 def _answers(method, *args, text="x^2+y(1)"):
     """Whether the library answers the method, rather than leaving its call unevaluated."""
     with quillon.SymbolTable(series=["x", "y"]) as t:
-        result = getattr(quillon.parse(text, t), method)(*args)
+        try:
+            result = getattr(quillon.parse(text, t), method)(*args)
+        except quillon.QuillonError:
+            return False
         return not str(result).startswith("@") and result != []
 
 
