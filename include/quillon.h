@@ -86,8 +86,10 @@ QUILLON_API mathexpr *QUILLON_CALL mathexpr_create_void(void);
 QUILLON_API void QUILLON_CALL mathexpr_destroy(mathexpr *e);
 
 /*
-** Returns a second handle on the same tree; nothing is copied. mathexpr_evaluate through either
-** handle rewrites a copy and moves that handle to it: the other keeps the tree it had.
+** Returns a second handle on the same tree; nothing is copied, so mathexpr_evaluate through
+** either handle changes the tree that both see, unless a rule replaces the root: then the
+** evaluated handle moves to the new root and the other keeps the old root node, which may have
+** given its children to the new tree (x+x leaves the other handle on an empty sum).
 ** Ownership: borrows e, returns a new handle the caller destroys.
 */
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_clone(mathexpr *e);
@@ -176,9 +178,9 @@ QUILLON_API mathexpr *QUILLON_CALL mathexpr_create_ex(mathsymtable *t, const cha
 ** expands, then factors the sum it gave); a mode with both bits expands the whole tree first,
 ** then factors the expanded tree. Expansion is exact, but a power or product of sums whose
 ** expansion would have more than 1000000 terms stays as it is.
-** Ownership: changes the tree of e. When another handle shares that tree or a node of it
-** (mathexpr_clone, mathexpr_first_child), e is moved to a rewritten copy instead, and the other
-** handles keep the tree they had.
+** Ownership: changes the tree of e, which clones of e share (see mathexpr_clone). When another
+** handle holds a node inside the tree (mathexpr_first_child), or e is a child of another tree,
+** e is moved to a rewritten copy instead, and those handles keep the tree they had.
 ** Errors: an error anywhere in the tree becomes the whole expression.
 ** See also: mathexpr_as_text.
 */

@@ -23,12 +23,13 @@ QUILLON_API mathexpr* QUILLON_CALL mathexpr_taylor(mathexpr* f, mathexpr* x, mat
   return CallForHost(fnTaylor, {f, x, x0, CallArgument(new IntENode(n))});
 }
 
-// In place: the tree of e becomes the argument of @implicit (taken, not copied, when e holds
-// its root alone), and e ends on the answer.
+// In place: the tree of e becomes the argument of @implicit, and e ends on the answer; clones of
+// e see the equation changed, as the rule changes its node rather than copying it.
 QUILLON_API void QUILLON_CALL mathexpr_make_implicit(mathexpr* e) {
+  *HandleOf(e) = HandleOf(e)->TakeOrCloneDeep();  // clones of e share the change; held children don't
   ExprHandle call(fnImplicit, *HandleOf(e));
   *HandleOf(e) = ExprHandle();
-  Evaluate(call, ModeSimplify | ModeCanonical);
+  EvaluateInPlace(call, ModeSimplify | ModeCanonical);
   *HandleOf(e) = call;
 }
 

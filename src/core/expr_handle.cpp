@@ -90,7 +90,7 @@ ExprHandle ExprHandle::TakeOrCloneSingle() const {
 }
 
 ExprHandle ExprHandle::TakeOrCloneDeep() const {
-  bool shared = node_->parent != nullptr || node_->useCount > 1;
+  bool shared = node_->parent != nullptr;
   for (ENode* n = node_->firstChild; n != nullptr && !shared; n = NextInPreorder(n, node_))
     shared = n->useCount > 0;
   return shared ? ExprHandle(node_->Clone()) : *this;

@@ -61,7 +61,8 @@ class ExprHandle {
 
   // A handle on a tree the caller may change: the tree itself when that is safe, else a Clone.
   // TakeOrClone: the root is free. TakeOrCloneSingle: free and used by at most this handle.
-  // TakeOrCloneDeep: also no node below the root is held by a handle.
+  // TakeOrCloneDeep: free, and no node below the root is held by a handle; other handles on the
+  // root itself share the tree (they see what rules do to it, unless the root is replaced).
   ExprHandle TakeOrClone() const;
   ExprHandle TakeOrCloneSingle() const;
   ExprHandle TakeOrCloneDeep() const;

@@ -172,9 +172,14 @@ ENode* Rewrite(ENode* root, uint32_t mode) {
 }
 
 void Evaluate(ExprHandle& handle, uint32_t mode) {
-  // Rules relink, change and free nodes in place, so they work only on a tree that this handle
-  // alone holds; otherwise on a copy, and every other handle keeps the tree it had.
+  // Rules relink, change and free nodes in place, so a tree whose inner nodes other handles hold
+  // (or that hangs inside another tree) is rewritten as a copy, and those handles keep what they
+  // had. Handles on the root alone share the rewrite, as clones of one handle do.
   handle = handle.TakeOrCloneDeep();
+  EvaluateInPlace(handle, mode);
+}
+
+void EvaluateInPlace(ExprHandle& handle, uint32_t mode) {
   ENode* root = handle.LendRoot();
   uint32_t rest = mode;
   if ((mode & ModeCanonical) != 0) {

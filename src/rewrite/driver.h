@@ -15,10 +15,14 @@ namespace quillon {
 ENode* Rewrite(ENode* node, uint32_t mode);
 
 // Canonical stage (if asked), then the other bits but display, then display (if asked); the
-// handle follows its root wherever rules move it. A tree that other handles share (its root, or
-// any node in it, or the root is inside another tree) is copied first, and the handle moves to
-// the copy: the others never see a node moved or freed under them.
+// handle follows its root wherever rules move it. A tree in which other handles hold a node below
+// the root, or whose root is inside another tree, is copied first, and the handle moves to the
+// copy: those handles never see a node moved or freed under them. Other handles on the root
+// itself share the rewrite (the designed behaviour of clones).
 void Evaluate(ExprHandle& handle, uint32_t mode);
+// The stages alone, on the tree as it stands: for a caller that has made sure that no handle
+// holds a node the rules may move (mathexpr_make_implicit, which wraps a shared root).
+void EvaluateInPlace(ExprHandle& handle, uint32_t mode);
 
 // The stable merge sort of a node's children by NodeOrder, in place on the links.
 void SortChildren(ENode* node);
