@@ -271,6 +271,33 @@ QUILLON_API uint32_t QUILLON_CALL mathexpr_irange2d(mathexpr *e, mathexpr *s, in
 
 /* ==================================================================== numeric evaluation */
 
+/*
+** Computes e for one set of inputs as plain floating-point arithmetic on the caller's arrays and
+** returns the number of stack cells in use at the end. Prepare e once by evaluating
+** "@subexpr(formula)" (mode 3): repeated subtrees become temporaries #T0, #T1, ... and symbols
+** become input slots #S0, #S1, ..., ranked by type class (series, then the classes 32, 2, 8, 16,
+** then unknown names), then by name without regard to case, a series' lags newest first. Call
+** once per observation. The prepared form is either one expression, and then the result is 1 and
+** the answer is in stack[0], or @sublist(@list(t0, ..., tk), main): cells 0 to k hold the
+** temporaries (k+1 is the child count of the first child), the result is k+2 and the answer is in
+** the last cell; a main expression that is a list {a, b, c} leaves one cell per item. The stack
+** needs one cell per leaf of e at most, inputs one cell per slot; neither is checked. Sums and
+** products of up to eight terms combine in a fixed order (a1+a0; ((a2+a1)+a3...)+a0), longer ones
+** from left to right, and the exponents 2, 3, 4, -1, -2, -3, -4, 0.5 and -0.5 are computed by
+** products and square roots, so results are the same bit for bit on every call. The elementary,
+** trigonometric, rounding and special functions, the standard normal, logistic and extreme value
+** distributions (@cnorm, @dnorm, @qnorm, ...), @recode, @nan, @isna, @pmin, @pmax and the
+** comparisons and and, or, not (1 for true, 0 for false, NA for a missing operand) have values;
+** every other function (random draws, series, sample statistics, text, dates), a call with the
+** wrong number of arguments, a derivative notation such as f[1](x), a symbol that was not
+** prepared and any text or date leaf gives NA, the value with the bits 0xFFF8000000000000.
+** e is not changed, so several threads may evaluate one prepared expression at once.
+** Ownership: borrows e, stack and inputs; the values stay in stack after the call.
+** Errors: a NULL e or stack returns 0 and writes nothing; domain errors give what the platform's
+** mathematics library gives (log of a negative number is a NaN) and are not reported. A handle
+** from mathexpr_first_child on a node with following siblings evaluates that node alone.
+** See also: mathexpr_evaluate, mathexpr_symlist, mathexpr_first_child.
+*/
 QUILLON_API int32_t QUILLON_CALL mathexpr_stackeval(mathexpr *e, double *stack, const double *inputs);
 
 #ifdef __cplusplus

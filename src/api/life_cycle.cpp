@@ -2,6 +2,7 @@
 // lock, and a parser context for each thread that asks.
 #include "api/life_cycle.h"
 
+#include "compile/numeric_kernels.h"
 #include "core/function_catalogue.h"
 #include "language/thread_context.h"
 #include "rewrite/rule_catalogue.h"
@@ -39,6 +40,7 @@ QUILLON_API void QUILLON_CALL quillon_init(void) {
   functionTable = new FunctionTable();
   word = new ThreadContext(functionTable);
   DefineCatalogue(*functionTable);
+  InstallNumericKernels(*functionTable);
   AttachRuleCatalogue(*word);
 }
 

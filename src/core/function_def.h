@@ -32,8 +32,10 @@ enum OperatorClass : int32_t {
   OpBracket = 4,
 };
 
-// Numeric kernel of the stack evaluator: the argument values and their count.
-using StackOpFunction = double (*)(const double* args, int32_t count);
+// Numeric kernel of the stack evaluator: it reads the count argument cells that start at args and
+// leaves its result there; it returns how many further cells stay in use (0: one value remains,
+// in args[0]; count-1: every argument stays).
+using StackOpFunction = int32_t (*)(double* args, int32_t count);
 
 struct FunctionSignature {
   uint32_t opcode;

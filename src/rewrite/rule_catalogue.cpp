@@ -8,6 +8,7 @@
 
 #include "calculus/deriv_rules.h"
 #include "calculus/function_deriv_rules.h"
+#include "compile/subexpr_rule.h"
 #include "rewrite/flatten_rule.h"
 #include "rewrite/log_exp_rules.h"
 #include "rewrite/pattern_rule.h"
@@ -147,6 +148,9 @@ const RuleRow kRules[] = {
 
     // ---- Structural operations.
     {"@flatten",    ModeSimplify,  Make<FlattenRule>},
+
+    // ---- Compilation.
+    {"@subexpr",    ModeSimplify,  Make<SubexprRule>},
 };
 
 }  // namespace

@@ -6,8 +6,10 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "quillon.h"
+#include "quillon_program.h"
 
 namespace {
 
@@ -89,6 +91,58 @@ TEST(SmallStack, DerivativesOfDeepNestingAndLongChainsAreSafe) {
     bool resolved = false;
     RunOnSmallStack([&] { resolved = Differentiates(c.text, c.variable); });
     EXPECT_TRUE(resolved) << c.text.substr(0, 60);
+  }
+}
+
+// A chain of comparisons stays a chain through simplification: @subexpr sorts its heights and
+// shares the repeated call below it, and the stack evaluator walks it, all without recursion.
+TEST(SmallStack, SubexprAndStackEvaluationOfALongChain) {
+  const std::string text = "@subexpr(exp(x)" + Repeat(" < exp(x)", 100000) + ")";
+  int32_t cells = 0;
+  double answer = -1;
+  RunOnSmallStack([&] {
+    mathsymtable* table = mathsymtable_create(nullptr, 1);
+    mathexpr* e = mathexpr_create(table, text.c_str());
+    mathexpr_evaluate(e, 3);
+    std::vector<double> stack(8);
+    const double inputs[] = {0.5};
+    cells = mathexpr_stackeval(e, stack.data(), inputs);
+    answer = stack[1];
+    mathexpr_destroy(e);
+    mathsymtable_destroy(table);
+  });
+  EXPECT_EQ(cells, 2);
+  EXPECT_EQ(answer, 1.0);  // (e < e) is 0, and 0 and then 1 are below e^0.5
+}
+
+// The same kind of texts through the batch evaluator: simplification, @subexpr, compilation
+// and a run over a few rows.
+TEST(SmallStack, ProgramsOfLongChainsAreSafe) {
+  const std::string texts[] = {
+      Repeat("log(-(x + {", 51) + "y" + Repeat("}))", 51),
+      Repeat("x^", 255) + "2",
+      "x" + Repeat(" - x/y", 200000),
+      "x" + Repeat(" * (y + 1)", 50000),
+      "exp(x)" + Repeat(" < exp(x)", 100000),
+  };
+  for (const std::string& text : texts) {
+    int32_t outputs = 0;
+    RunOnSmallStack([&] {
+      mathsymtable* table = mathsymtable_create(nullptr, 1);
+      mathexpr* e = mathexpr_create(table, text.c_str());
+      quillon_program* p = quillon_program_create(e);
+      mathexpr_destroy(e);
+      const double column[3] = {1.5, 2.0, 0.5};
+      const double* inputs[] = {column, column};
+      double result[3];
+      double* results[] = {result};
+      if (p != nullptr && quillon_program_input_count(p) <= 2 && quillon_program_output_count(p) == 1 &&
+          quillon_program_evaluate(p, 3, inputs, results) == 0)
+        outputs = 1;
+      quillon_program_destroy(p);
+      mathsymtable_destroy(table);
+    });
+    EXPECT_EQ(outputs, 1) << text.substr(0, 60);
   }
 }
 

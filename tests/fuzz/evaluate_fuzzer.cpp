@@ -1,10 +1,12 @@
 // Fuzz target: any text that parses is evaluated in a mode chosen by the input and printed, and
-// differentiated by a variable chosen by the input. Every rule must take whatever tree the
-// language can write, including calls of operators with too few or too many arguments, without
-// a crash, a leak or a sanitizer report.
+// differentiated by a variable chosen by the input, computed on the stack as it stands and once
+// more prepared by @subexpr. Every rule and the evaluator must take whatever tree the language
+// can write, including calls of operators with too few or too many arguments, without a crash,
+// a leak or a sanitizer report.
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "quillon.h"
 
@@ -14,6 +16,18 @@ void Print(mathexpr* e, uint32_t spaced) {
   int32_t length = 0;
   char buffer[256];
   mathexpr_as_text(e, buffer, sizeof buffer, &length, spaced);
+}
+
+// A tree needs at most one cell per leaf, and its temporaries and slots are numbered below its
+// node count. Wildcards written in the text carry any index, so such texts are not computed.
+void ComputeOnTheStack(mathexpr* e, const std::string& text) {
+  if (text.find('#') != std::string::npos) return;
+  int32_t nodes = 0;
+  uint32_t attributes = 0, symbolBits = 0;
+  mathexpr_get_attributes(e, &nodes, &attributes, &symbolBits);
+  std::vector<double> stack(static_cast<size_t>(nodes) + 1, 0.0);
+  const std::vector<double> inputs(static_cast<size_t>(nodes) + 1, 1.5);
+  mathexpr_stackeval(e, stack.data(), inputs.data());
 }
 
 }  // namespace
@@ -41,6 +55,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   mathexpr_evaluate(e, mode);
   Print(e, data[0] & 1);
   mathexpr_get_priority(e);
+  ComputeOnTheStack(e, text);
   mathexpr_destroy(e);
+  mathexpr* prepared = mathexpr_create(everything, ("@subexpr(" + text + ")").c_str());
+  mathexpr_evaluate(prepared, 3);
+  ComputeOnTheStack(prepared, text);
+  mathexpr_destroy(prepared);
   return 0;
 }

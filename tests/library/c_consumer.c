@@ -1,8 +1,9 @@
-/* The C interface compiled as C99: handles, clones and a walk over children. */
+/* The C interface compiled as C99: handles, clones, a walk over children and a batch program. */
 #include <math.h>
 #include <stdio.h>
 
 #include "quillon.h"
+#include "quillon_program.h"
 
 static int failures = 0;
 
@@ -28,6 +29,21 @@ int main(void) {
   mathexpr_destroy(copy);
   mathexpr_destroy(e);
   mathexpr_destroy(NULL);
-  printf("%d passed, %d failed\n", 7 - failures, failures);
+
+  {
+    mathexpr *f = mathexpr_create(NULL, "{2^10 + 1, 3}");
+    quillon_program *p = quillon_program_create(f);
+    double first[2] = {0, 0}, second[2] = {0, 0};
+    double *outputs[2];
+    outputs[0] = first;
+    outputs[1] = second;
+    mathexpr_destroy(f);
+    check(quillon_program_input_count(p) == 0 && quillon_program_output_count(p) == 2, "a list of two constants");
+    check(quillon_program_evaluate(p, 2, NULL, outputs) == 0 && first[1] == 1025 && second[0] == 3,
+          "constants fill every row");
+    quillon_program_destroy(p);
+    quillon_program_destroy(NULL);
+  }
+  printf("%d passed, %d failed\n", 9 - failures, failures);
   return failures == 0 ? 0 : 1;
 }

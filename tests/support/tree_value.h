@@ -15,11 +15,11 @@
 
 namespace quillon::testing {
 
-// The value of node with each symbol read by name from point; a function outside the list is a
+// The value of node with each symbol read by its text (x, x(-1)) from point; a function outside the list is a
 // test failure.
 inline double ValueAt(const ENode* node, const std::map<std::string, double>& point) {
   switch (node->GetType()) {
-    case SymbolType: return point.at(static_cast<const SymbolENode*>(node)->def->name);
+    case SymbolType: return point.at(static_cast<const SymbolENode*>(node)->Print().c_str());
     case FunctionType: break;
     default: return node->GetValue();
   }

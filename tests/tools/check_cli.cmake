@@ -23,3 +23,13 @@ endif()
 
 file(WRITE ${WORK_DIR}/batch.txt "1+2\n\n(1\nlog(x(-1))\n")
 expect("batch from a pipe" 1 "3\nlog(x(-1))\n" ${CLI} - INPUT_FILE ${WORK_DIR}/batch.txt)
+
+# Numeric mode: a point, a table with a list giving two columns, the prepared form, a missing value.
+expect("numeric at a point" 0 "14\n2,5\n" ${CLI} --at x=2,y=3 "x*y/x + y^2 + x" "{x, x + y}")
+file(WRITE ${WORK_DIR}/rows.csv "x,y\n1,2\n3,4\n")
+expect("numeric over a table" 0 "2,3,4\n12,7,16\n" ${CLI} --csv ${WORK_DIR}/rows.csv "x*y" "{x + y, y^2}")
+expect("prepared form" 0 "@sublist({#S0+#S1},#T0^2+log(#T0))\n#S0 = a\n#S1 = b\n" ${CLI} --subexpr "(a+b)^2 + log(a+b)")
+expect("missing value" 1 "" ${CLI} --at x=1 "x + y")
+if(NOT last_err STREQUAL "no value for y in x + y\n")
+  message(SEND_ERROR "missing value message: [${last_err}]")
+endif()

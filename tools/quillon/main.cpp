@@ -8,6 +8,7 @@
 
 #include <unistd.h>
 
+#include "numeric_mode.h"
 #include "quillon.h"
 
 #ifdef QUILLON_HAVE_READLINE
@@ -43,6 +44,12 @@ constexpr const char* kHelp =
     "  --scalar C      declare scalars (raw type 35, class 8): no index allowed\n"
     "  --matrix M      declare matrices (raw type 40, class 8): M(i,j) with i, j above 0\n"
     "  --vector V      declare vectors (raw type 42, class 8): V(i) with i above 0\n"
+    "  --at X=V,...    compute each EXPR numerically with these values of its symbols\n"
+    "  --csv FILE      compute each EXPR for every row of FILE, a comma-separated table whose\n"
+    "                  first line names the symbols; prints a line per row, a column per\n"
+    "                  EXPR (a list {a,b} gives two)\n"
+    "  --subexpr       print each EXPR prepared for numeric evaluation (repeated parts as\n"
+    "                  temporaries #T, symbols as input slots #S) and the symbol of each slot\n"
     "  --help          show this text\n"
     "\n"
     "Every name that is neither a function of the catalogue nor declared is taken as a series,\n"
@@ -65,6 +72,7 @@ struct Options {
   bool readStdin = false;
   std::vector<std::pair<std::string, int32_t>> declared;
   std::vector<std::string> expressions;
+  NumericOptions numeric;
 };
 
 int32_t QUILLON_CALL AnySeries(const char*) { return kSeriesType; }
@@ -88,6 +96,11 @@ int ParseArguments(int argc, char** argv, Options& options) {
   for (int i = 1; i < argc; ++i) {
     const std::string arg = argv[i];
     const bool hasValue = i + 1 < argc;
+    bool missingValue = false;
+    if (TakeNumericOption(argc, argv, i, options.numeric, missingValue)) {
+      if (missingValue) return 2;
+      continue;
+    }
     bool known = false;
     for (const auto& d : declarations) {
       if (arg != d.flag) continue;
@@ -144,6 +157,7 @@ class Session {
     for (const auto& [name, type] : options.declared) mathsymtable_add(table_, name.c_str(), type);
   }
   ~Session() { mathsymtable_destroy(table_); }
+  mathsymtable* Table() const { return table_; }
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
@@ -215,6 +229,11 @@ int main(int argc, char** argv) {
   }
   Session session(options);
   int status = 0;
+  if (options.numeric.Active()) {
+    status = RunNumeric(options.numeric, session.Table(), options.mode, options.expressions);
+    quillon_cleanup();
+    return status;
+  }
   for (const std::string& text : options.expressions)
     if (!session.Run(text)) status = 1;
   if (options.readStdin || (options.expressions.empty() && !isatty(STDIN_FILENO)))
