@@ -247,13 +247,38 @@ QUILLON_API mathexpr *QUILLON_CALL mathexpr_deriv2(mathexpr *f, mathexpr *x, mat
 */
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_derivx(mathexpr *f, mathexpr *x, int32_t n);
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_taylor(mathexpr *f, mathexpr *x, mathexpr *x0, int32_t n);
-/* Moves an equation to one side, in place: changes the tree e points at. */
+/*
+** Moves an equation to one side, in place: when e is an equation lhs := rhs, it becomes lhs - rhs
+** simplified, whose value is 0 where the equation holds; any other expression is only evaluated
+** (mode 3). An equality written "=" is no equation here and stays. Example: y := a*x + b becomes
+** -b-a*x+y, and x := x becomes 0.
+** Ownership: changes e in place and returns nothing; e is the caller's handle still. Other
+** handles on the same tree may be left on a part of the old tree: let them go first.
+** Errors: an error expression stays an error; NULL is not accepted.
+** See also: mathexpr_normalize.
+*/
 QUILLON_API void QUILLON_CALL mathexpr_make_implicit(mathexpr *e);
 
 /* ==================================================================== linear forms and lists */
 
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_lincoefs(mathexpr *e, mathexpr *v);
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_symlist(mathexpr *e, int32_t mask);
+/*
+** Solves the equation eq (lhs := rhs) for the symbol v, step by step: the parts of the left side
+** that depend on v are kept and the rest goes to the right, through sums, products, powers, log
+** and exp, the cumulative distributions and their quantiles (first argument only), and the lag
+** forms d, dlog, @pch, @movsum and @movav, which are written out in lags first. Returns v := ...
+** when it gets there, else the call @normalize(eq, v) with the equation as far as it got: a host
+** tests the root for an equation. v may still stand on the right; domains are not checked.
+** Examples: y := a*x + b for x gives x:=(-b+y)/a; d(y) := e for y gives y:=e+y(-1).
+** Never returns when the left side comes to a d, dlog, @movsum or @movav whose order is not an
+** integer literal, or that has no written-out form: d(x, k), @movsum(x, k), @movsum(x, 0),
+** d(x, -1), @pch(x, 4). The safe form of the call gives those orders as integer literals (at
+** least 1 for @movsum and @movav, @pch one argument); check text from users before the call.
+** Ownership: borrows eq and v; returns a new handle the caller destroys.
+** Errors: an error in eq or v is the result; NULL is not accepted.
+** See also: mathexpr_make_implicit.
+*/
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_normalize(mathexpr *eq, mathexpr *v);
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_sort(mathexpr *list);
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_distinct(mathexpr *list);

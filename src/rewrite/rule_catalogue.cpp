@@ -9,6 +9,7 @@
 #include "calculus/deriv_rules.h"
 #include "calculus/function_deriv_rules.h"
 #include "compile/subexpr_rule.h"
+#include "calculus/implicit_rule.h"
 #include "rewrite/flatten_rule.h"
 #include "rewrite/log_exp_rules.h"
 #include "rewrite/pattern_rule.h"
@@ -16,6 +17,12 @@
 #include "rewrite/product_rules.h"
 #include "rewrite/sign_logic_rules.h"
 #include "rewrite/sum_rules.h"
+#include "timeseries/difference_rules.h"
+#include "timeseries/expand_time_rule.h"
+#include "timeseries/lag_rules.h"
+#include "timeseries/moving_rules.h"
+#include "timeseries/normalize_rules.h"
+#include "timeseries/percent_change_rules.h"
 
 namespace quillon {
 namespace {
@@ -131,6 +138,23 @@ const RuleRow kRules[] = {
     {"@pcy",         ModeSimplify,  nullptr, "@pcy(#1)", "100*@pchy(#1)"},  // 58
     {"@times",       ModeDisplay,   nullptr, "100*@pchy(#1)", "@pcy(#1)"},  // 59
 
+    // ---- Lags, differences, moving and percent-change forms: a standard shape while simplifying,
+    // the short forms for display, plain lagged terms under ModeTimeExpand.
+    {"@lag",        ModeSimplify,   Make<LagRule1>},
+    {"@lag",        ModeTimeExpand, Make<LagRule2>},
+    {"d",           ModeSimplify,   Make<DifferenceRule1>},
+    {"d",           ModeSimplify,   Make<DifferenceRule2>},
+    {"d",           ModeDisplay,    Make<DifferenceRule3>},
+    {"d",           ModeDisplay,    Make<DifferenceRule5>},
+    {"d",           ModeDisplay,    Make<DifferenceRule6>},
+    {"d",           ModeTimeExpand, Make<DifferenceRule7>},
+    {"dlog",        ModeCanonical,  Make<LogDiffRule1>},
+    {"@movsum",     ModeTimeExpand, Make<MovsumRule1>},
+    {"@movav",      ModeTimeExpand, Make<MovavRule1>},
+    {"@pch",        ModeTimeExpand, Make<PchRule1>},
+    {"@pchy",       ModeTimeExpand, Make<PchyRule1>},
+    {"@pcha",       ModeTimeExpand, Make<PchaRule1>},
+
     // ---- Differentiation, after every pattern: no text depends on it. The rules of @deriv are
     // tried in this order, and a rule that fits the shape always changes it, so the order decides
     // which one takes a call: lists first, the chain rule after the operators with rules of
@@ -151,6 +175,14 @@ const RuleRow kRules[] = {
 
     // ---- Compilation.
     {"@subexpr",    ModeSimplify,  Make<SubexprRule>},
+    // ---- Normal forms of expressions and equations.
+    {"@expandtime", ModeSimplify,  Make<ExpandTimeRule>},
+    {"@normalize",  ModeSimplify,  Make<NormalizeRule1>},
+    {"@normalize",  ModeSimplify,  Make<NormalizeRule2>},
+    {"@normalize",  ModeSimplify,  Make<NormalizeRule3>},
+    {"@normalize",  ModeSimplify,  Make<NormalizeRule4>},
+    {"@normalize",  ModeCanonical, Make<NormalizeRule5>},
+    {"@implicit",   ModeSimplify,  Make<ImplicitRule>},
 };
 
 }  // namespace

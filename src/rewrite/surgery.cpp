@@ -20,6 +20,11 @@ ENode* ReplaceNode(ENode* old, ENode* fresh) {
   return fresh;
 }
 
+ENode* ReplaceByChild(ENode* node, ENode* child) {
+  child->Unlink();
+  return ReplaceNode(node, child);
+}
+
 ENode* WrapIn(FunctionDef* def, ENode* node) { return WrapWith(NewCall(def), node); }
 
 ENode* WrapWith(ENode* wrapper, ENode* node) {

@@ -19,6 +19,10 @@ bool IsIntValue(const ENode* node, int32_t value);
 // still use survive as free trees). Returns fresh.
 ENode* ReplaceNode(ENode* old, ENode* fresh);
 
+// child, a child of node, takes node's place; node and its other children are freed. Returns
+// child. Safe at the root, where Splice would leave the other children free.
+ENode* ReplaceByChild(ENode* node, ENode* child);
+
 // A new node of def takes node's place, with node as its only child. Returns the new node, which
 // is unsettled.
 ENode* WrapIn(FunctionDef* def, ENode* node);

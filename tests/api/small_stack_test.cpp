@@ -53,6 +53,10 @@ TEST(SmallStack, DeepestNestingAndLongChainsAreSafe) {
       Repeat("x^", 255) + "2",
       "x" + Repeat(" - x/y", 200000),
       "x" + Repeat(" * (y + 1)", 50000),
+      "@expandtime(x" + Repeat(" + d(x, 2) - @movav(y, 3)", 30000) + ")",
+      "@lag(x" + Repeat(" - x(-1)", 100000) + ", 2)",
+      "@normalize(x" + Repeat(" + y", 100000) + " := z, x)",
+      "@implicit(y := x" + Repeat(" - x/y", 100000) + ")",
   };
   for (const std::string& text : texts) {
     bool parsed = false;

@@ -16,6 +16,15 @@ inline std::string Structure(mathexpr* e) {
   return Dump(root);
 }
 
+// The text mathexpr_as_text gives for e, however long.
+inline std::string Text(mathexpr* e) {
+  int32_t length = 0;
+  mathexpr_as_text(e, nullptr, 0, &length, 0);
+  std::string text(static_cast<size_t>(length), '\0');
+  mathexpr_as_text(e, text.data(), length, nullptr, 0);
+  return text;
+}
+
 // Parses text with table and gives its structure; the expression is destroyed.
 inline std::string ParseStructure(mathsymtable* table, const char* text, uint32_t flags = 0) {
   mathexpr* e = mathexpr_create_ex(table, text, flags);

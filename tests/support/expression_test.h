@@ -55,10 +55,7 @@ class ExpressionTest : public NoLeakTest {
   std::string EvaluatedText(const char* text, uint32_t mode) {
     mathexpr* e = mathexpr_create(table, text);
     mathexpr_evaluate(e, mode);
-    int32_t length = 0;
-    mathexpr_as_text(e, nullptr, 0, &length, 0);
-    std::string result(static_cast<size_t>(length), '\0');
-    mathexpr_as_text(e, result.data(), length, nullptr, 0);
+    std::string result = Text(e);
     mathexpr_destroy(e);
     return result;
   }

@@ -33,3 +33,9 @@ expect("missing value" 1 "" ${CLI} --at x=1 "x + y")
 if(NOT last_err STREQUAL "no value for y in x + y\n")
   message(SEND_ERROR "missing value message: [${last_err}]")
 endif()
+
+# @normalize of a lag form it cannot write out would never end: refused before evaluation.
+expect("endless normalize refused" 1 "y:=e+y(-1)\n" ${CLI} "@normalize(d(y) := e, y)" "@normalize(@movsum(x, k) := y, x)")
+if(NOT last_err MATCHES "^refused: @normalize would never end on @movsum\\(x,k\\)")
+  message(SEND_ERROR "endless normalize message: [${last_err}]")
+endif()

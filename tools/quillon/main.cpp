@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "numeric_mode.h"
+#include "endless_normalize.h"
 #include "quillon.h"
 
 #ifdef QUILLON_HAVE_READLINE
@@ -151,6 +152,15 @@ std::string MessageOf(const std::string& text) {
   return text;
 }
 
+// Evaluating would never end: the message goes to standard error and e is destroyed.
+bool RefusedAsEndless(mathexpr* e, const std::string& text) {
+  const std::string form = EndlessNormalizeForm(e, text);
+  if (form.empty()) return false;
+  std::fprintf(stderr, "%s\n", EndlessNormalizeMessage(form).c_str());
+  mathexpr_destroy(e);
+  return true;
+}
+
 class Session {
  public:
   explicit Session(const Options& options) : options_(options), table_(mathsymtable_create(AnySeries, 1)) {
@@ -164,6 +174,7 @@ class Session {
   // Prints the result of one expression; returns false when it is an error.
   bool Run(const std::string& text) {
     mathexpr* e = mathexpr_create(table_, text.c_str());
+    if (!options_.raw && RefusedAsEndless(e, text)) return false;
     if (!options_.raw) mathexpr_evaluate(e, options_.mode);
     const bool failed = mathexpr_is_error(e) != 0;
     const std::string out = TextOf(e, options_.spaced);
