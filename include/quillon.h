@@ -26,6 +26,11 @@
 
 #include <stdint.h>
 
+/* The version of this interface; the CMake package and the pkg-config file carry the same. */
+#define QUILLON_VERSION_MAJOR 0
+#define QUILLON_VERSION_MINOR 1
+#define QUILLON_VERSION_PATCH 0
+
 #if defined(_WIN32) && !defined(_WIN64)
 #define QUILLON_CALL __stdcall
 #else
