@@ -20,11 +20,71 @@
 **
 ** Threads. The library has no threads of its own and starts itself on first use on each thread.
 ** A tree is used by one thread at a time; parsing runs on one thread at a time per process.
+**
+** Life cycle and threads as a host follows them. mathexpr_create, mathexpr_create_ex and
+** mathexpr_create_void start the library on a thread that has not used it (quillon_init takes a
+** lock, so two threads may start at once). Two threads may work at once on different trees
+** parsed with tables that have stopped changing, and may run mathexpr_stackeval on one prepared
+** expression together. They must not at once: use handles on one tree (clone, assign, destroy,
+** evaluate and the child walks change the tree's counts), parse with a table that is still
+** growing (the table has no lock, and its resolver runs on the parsing thread), or call
+** quillon_cleanup while any other call runs. quillon_cleanup comes last, once, after every
+** expression is destroyed, while the threads that used the library still exist.
+**
+** Sharing. mathexpr_clone and mathexpr_assign copy no tree: both handles point at one root.
+** mathexpr_evaluate through one of them rewrites the shared tree in place, which the other sees
+** ("log(exp(a))+b*1" reads "a+b" through both). When evaluation replaces the root itself
+** ("2*x+3*x" becomes the new root "5*x"), only the evaluating handle moves to the new root; the
+** other is left on the old root node, emptied, and reads "": destroy it, or evaluate a clone
+** made after the evaluation.
+**
+** Symbol types. The raw type codes a host gives mathsymtable_add, their class (bits 0 to 5 of a
+** symbol's type bits) and the indices the parser allows after the name:
+**   199       class 1, unknown              any indices
+**   43        class 2                       one index, above 0
+**   15        class 4, series               any indices: x(-1) is a lag, x(+1) a lead
+**   44        class 4, series               at most one index
+**   45        class 4, series               not allowed in an expression
+**   35        class 8                       no index
+**   40, 41    class 8                       two indices, both above 0: m(1,2)
+**   42        class 8                       one index, above 0: v(3)
+**   1         class 32, series              any indices
+**   38        class 16                      any indices
+**   other     class 16                      not allowed in an expression
+** A lag moves the symbols of classes 4 and 32 (the mask 36). mathsymtable_add_ex stores the
+** bits of extra above the class (its low six bits are dropped) for the host's own use. The
+** resolver is called when the parser meets a name the table lacks: with autoAdd 0 its answer
+** 199 makes the name an error, any other answer adds it; with autoAdd set the name is added and
+** the answer, even 199, becomes its type.
+**
+** Rewrite modes for mathexpr_evaluate: 1 simplify, 2 canonical, 4 display, 0x10000 numbers as
+** doubles, 0x20000 expand, 0x40000 factor, 0x80000 time expand (lags and differences written
+** out), 0x100000 flatten. Usual unions: 3 (canonical then simplify, what the library uses
+** itself), 4 (display form, as mathexpr_as_text prints), 0x20003 expand, 0x40003 factor,
+** 0x80003 time expand. Expand and factor together never end.
+**
+** The language in brief. Binary operators from the loosest, with their priorities: := 30
+** (assignment, groups to the right); or 40; and 50; the comparisons <, <=, >, >=, <> and =
+** 100 (= groups to the right); + and - 200; * and / 500; unary + and - 600; ^ 700, which
+** groups to the LEFT: 2^3^2 is (2^3)^2. Tokens such as ==, !=, &&, ||, ! and % are no
+** operators and stop the parse. x(-1) is the lag of a series x and m(1,2) an element of a
+** matrix; f[1,0](x,y) is the derivative of f by its first argument; {a, b, c} is a list. A
+** top-level "a = b" is a comparison, and an assignment only with mathexpr_create_ex flag 1.
+** Dates are literals: 1995Q3, 1995M12, 1995S1, 1995:3, 1995:3:14; a lone . and na are the
+** missing value. Comments: // to the end of the line, and slash-star blocks, which end at their
+** first star and drop the two characters there. Functions are called with or without @ (log(x),
+** @log(x)); names of the catalogue come before the host's symbols, so a bare d is the
+** difference operator d(x). The program quillon --functions lists every spelling.
 */
 #ifndef QUILLON_H
 #define QUILLON_H
 
 #include <stdint.h>
+
+/* The version of this interface; the CMake package and the pkg-config file carry the same. */
+#define QUILLON_VERSION_MAJOR 0
+#define QUILLON_VERSION_MINOR 1
+#define QUILLON_VERSION_PATCH 0
 
 #if defined(_WIN32) && !defined(_WIN64)
 #define QUILLON_CALL __stdcall

@@ -43,3 +43,23 @@ file(READ ${pc_file} pc_text)
 if(pc_text MATCHES "\\.\\." OR NOT pc_text MATCHES "prefix=${prefix}\n")
   message(FATAL_ERROR "pkg-config file paths are not plain:\n${pc_text}")
 endif()
+
+# The example host builds from the installed package alone and runs clean.
+set(ENV{LD_LIBRARY_PATH} ${libdir})
+run(cc -std=c99 ${CONSUMER_DIR}/../../../examples/model_host.c ${flags} -lm -o ${WORK_DIR}/model_host)
+run(${WORK_DIR}/model_host)
+unset(ENV{LD_LIBRARY_PATH})
+
+# One version everywhere: the header's macros, the pkg-config file, the man page installed.
+file(READ ${prefix}/include/quillon.h header)
+foreach(part MAJOR MINOR PATCH)
+  string(REGEX MATCH "#define QUILLON_VERSION_${part} ([0-9]+)" _ "${header}")
+  list(APPEND header_version ${CMAKE_MATCH_1})
+endforeach()
+list(JOIN header_version "." header_version)
+if(NOT pc_text MATCHES "Version: ${header_version}\n")
+  message(FATAL_ERROR "header version ${header_version} is not that of the pkg-config file:\n${pc_text}")
+endif()
+if(EXISTS ${prefix}/bin/quillon AND NOT EXISTS ${prefix}/share/man/man1/quillon.1)
+  message(FATAL_ERROR "the man page is not installed")
+endif()
