@@ -26,6 +26,7 @@ QUILLON_API mathexpr* QUILLON_CALL mathexpr_taylor(mathexpr* f, mathexpr* x, mat
 // In place: the tree of e becomes the argument of @implicit (taken, not copied, when e holds
 // its root alone), and e ends on the answer.
 QUILLON_API void QUILLON_CALL mathexpr_make_implicit(mathexpr* e) {
+  if (e == nullptr) return;
   ExprHandle call(fnImplicit, *HandleOf(e));
   *HandleOf(e) = ExprHandle();
   Evaluate(call, ModeSimplify | ModeCanonical);

@@ -16,8 +16,11 @@ struct Contents {
   uint32_t symbolBits = 0;
 };
 
-Contents Survey(const ENode* root) {
+// A NULL handle has no contents at all: no node, no class, no attribute.
+Contents Survey(mathexpr* e) {
   Contents c;
+  if (e == nullptr) return c;
+  const ENode* root = RootOf(e);
   for (const ENode* n = root; n != nullptr; n = NextInPreorder(n, root)) {
     ++c.nodes;
     c.tags |= n->GetType();
@@ -36,14 +39,14 @@ extern "C" {
 // Numbers and plain functions only: no symbol, text, date, wildcard, void or error, and no
 // function that is random or depends on the date.
 QUILLON_API uint32_t QUILLON_CALL mathexpr_is_numeric(mathexpr* e) {
-  const Contents c = Survey(RootOf(e));
-  return (c.tags & ~(BoolType | IntType | RationalType | RealType | FunctionType)) == 0 &&
+  const Contents c = Survey(e);
+  return c.nodes > 0 && (c.tags & ~(BoolType | IntType | RationalType | RealType | FunctionType)) == 0 &&
          (c.attributes & (AttrDate | AttrRandom)) == 0;
 }
 
 QUILLON_API uint32_t QUILLON_CALL mathexpr_get_attributes(mathexpr* e, int32_t* nodeCount,
                                                           uint32_t* functionAttributes, uint32_t* symbolBits) {
-  const Contents c = Survey(RootOf(e));
+  const Contents c = Survey(e);
   if (nodeCount != nullptr) *nodeCount = c.nodes;
   if (functionAttributes != nullptr) *functionAttributes = c.attributes;
   if (symbolBits != nullptr) *symbolBits = c.symbolBits;
@@ -52,7 +55,8 @@ QUILLON_API uint32_t QUILLON_CALL mathexpr_get_attributes(mathexpr* e, int32_t* 
 
 // The first line that applies decides; hosts rank expressions by these numbers.
 QUILLON_API int32_t QUILLON_CALL mathexpr_get_priority(mathexpr* e) {
-  const Contents c = Survey(RootOf(e));
+  const Contents c = Survey(e);
+  if (c.nodes == 0) return 0;
   const int32_t withScalars = (c.symbolBits & SymbolClass2) != 0 ? 1 : 0;
   if ((c.tags & ErrorType) != 0) return 0;
   if ((c.attributes & AttrRandom) != 0) return 1;

@@ -8,7 +8,14 @@ namespace quillon {
 
 ExprHandle EvaluateCall(FunctionDef* def, std::initializer_list<CallArgument> arguments) {
   ExprHandle call(def);
-  for (const CallArgument& argument : arguments) call.Root()->AppendChild(argument.node);
+  bool complete = true;
+  for (const CallArgument& argument : arguments) {
+    if (argument.node != nullptr)
+      call.Root()->AppendChild(argument.node);
+    else
+      complete = false;
+  }
+  if (!complete) return ExprHandle();
   Evaluate(call, ModeSimplify | ModeCanonical);
   return call;
 }

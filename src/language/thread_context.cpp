@@ -13,7 +13,7 @@ struct ContextSlot {
     if (!registered) return;
     std::lock_guard<std::mutex> guard(InitLock());
     ThreadSet().erase(&context);
-    delete context;
+    RetireContext(context);
   }
 };
 
@@ -22,6 +22,13 @@ thread_local ContextSlot slot;
 }  // namespace
 
 ThreadContext*& ContextWord() { return slot.context; }
+
+void RetireContext(ThreadContext* context) {
+  if (context != nullptr && context->parsing_)
+    context->retired_ = true;
+  else
+    delete context;
+}
 
 std::mutex& InitLock() {
   static std::mutex lock;
