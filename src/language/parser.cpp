@@ -127,7 +127,7 @@ ExprHandle ThreadContext::ParseText(const SharedText& text, SymbolTable* table, 
 // name being resolved, so a resolver that keeps parsing its own name ends in an error.
 ExprHandle ThreadContext::ParseInside(const SharedText& text, SymbolTable* table, uint32_t flags) {
   ThreadContext inner(functions);
-  inner.baseNesting_ = nesting_;
+  inner.baseNesting_ = nesting_ + kResolverNesting - 1;
   NestedParse nested(nested_, inner);
   return inner.ParseText(text, table, flags);
 }

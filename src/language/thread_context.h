@@ -18,6 +18,11 @@ namespace quillon {
 // parser accepts; it keeps every walk that recurses with nesting well inside a 1 MiB stack.
 inline constexpr int32_t kMaxNesting = 256;
 
+// The levels of nesting that a formula parsed by a host's resolver adds to the name it resolves:
+// a parse and a resolver between two levels take far more stack than a bracket does, so that
+// resolvers nest at most some 30 deep.
+inline constexpr int32_t kResolverNesting = 8;
+
 class ThreadContext {
  public:
   explicit ThreadContext(FunctionTable* functions) : functions(functions) {}

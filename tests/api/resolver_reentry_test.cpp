@@ -16,6 +16,7 @@ mathsymtable* definitions = nullptr;  // a second table, for definitions parsed 
 mathsymtable* resolving = nullptr;    // the table of the parse under way
 std::string innerStructure;
 bool innerTooDeep = false;
+int resolverCalls = 0;
 
 // Parses text in table and keeps its structure for the test to read.
 void ParseAside(mathsymtable* table, const char* text) {
@@ -48,6 +49,7 @@ int32_t QUILLON_CALL RestartingAndParsingResolver(const char*) {
 
 // Looks the name up by parsing it, which asks this resolver again: a host's endless recursion.
 int32_t QUILLON_CALL SelfParsingResolver(const char* name) {
+  ++resolverCalls;
   ParseAside(resolving, name);
   return 1;
 }
@@ -59,6 +61,7 @@ class ResolverReentry : public NoLeakTest {
     definitions = mathsymtable_create(nullptr, 1);
     innerStructure.clear();
     innerTooDeep = false;
+    resolverCalls = 0;
   }
   void TearDown() override {
     mathsymtable_destroy(definitions);
@@ -103,6 +106,7 @@ TEST_F(ResolverReentry, ResolverThatCallsInitDoesNotFreeTheRunningParse) {
 TEST_F(ResolverReentry, ResolverThatParsesItsOwnNameEndsInsteadOfRecursingForEver) {
   EXPECT_EQ(ParseWith(SelfParsingResolver, "q+1"), "@plus(q,1)");
   EXPECT_TRUE(innerTooDeep) << "the innermost parse failed";
+  EXPECT_EQ(resolverCalls, 32) << "each parse inside a resolver nests eight levels of 256";
   EXPECT_EQ(innerStructure, "q") << "and every level above it resolved q";
 }
 
