@@ -10,15 +10,12 @@ using namespace quillon;
 
 extern "C" {
 
-QUILLON_API mathexpr* QUILLON_CALL mathexpr_create_void(void) {
-  EnsureThreadContext();
-  return ToHost(ExprHandle());
-}
+QUILLON_API mathexpr* QUILLON_CALL mathexpr_create_void(void) { return ToHost(StartedEmpty()); }
 
 QUILLON_API void QUILLON_CALL mathexpr_destroy(mathexpr* e) { delete HandleOf(e); }
 
 QUILLON_API mathexpr* QUILLON_CALL mathexpr_clone(mathexpr* e) {
-  return ToHost(e != nullptr ? *HandleOf(e) : ExprHandle());
+  return ToHost(e != nullptr ? *HandleOf(e) : StartedEmpty());
 }
 
 QUILLON_API void QUILLON_CALL mathexpr_assign(mathexpr* target, mathexpr* source) {
@@ -42,7 +39,8 @@ QUILLON_API int32_t QUILLON_CALL mathexpr_get_children(mathexpr* e) {
 }
 
 QUILLON_API mathexpr* QUILLON_CALL mathexpr_first_child(mathexpr* e) {
-  ENode* first = e != nullptr ? RootOf(e)->firstChild : nullptr;
+  if (e == nullptr) return ToHost(StartedEmpty());
+  ENode* first = RootOf(e)->firstChild;
   return ToHost(first != nullptr ? ExprHandle(first) : ExprHandle());
 }
 

@@ -19,6 +19,11 @@ ThreadContext* EnsureThreadContext() {
   return ContextWord();
 }
 
+ExprHandle StartedEmpty() {
+  EnsureThreadContext();
+  return ExprHandle();
+}
+
 }  // namespace quillon
 
 using namespace quillon;

@@ -1,6 +1,7 @@
 // The frame shared by all rule wrappers; see rule_call.h.
 #include "api/rule_call.h"
 
+#include "api/life_cycle.h"
 #include "core/function_node.h"
 #include "rewrite/driver.h"
 
@@ -15,7 +16,7 @@ ExprHandle EvaluateCall(FunctionDef* def, std::initializer_list<CallArgument> ar
     else
       complete = false;
   }
-  if (!complete) return ExprHandle();
+  if (!complete) return StartedEmpty();
   Evaluate(call, ModeSimplify | ModeCanonical);
   return call;
 }
