@@ -106,8 +106,8 @@ QUILLON_API mathexpr *QUILLON_CALL mathexpr_create_void(void);
 QUILLON_API void QUILLON_CALL mathexpr_destroy(mathexpr *e);
 
 /*
-** Returns a second handle on the same tree; nothing is copied, so mathexpr_evaluate through
-** either handle changes what both see.
+** Returns a second handle on the same tree; nothing is copied. mathexpr_evaluate through either
+** handle rewrites a copy and moves that handle to it: the other keeps the tree it had.
 ** Ownership: borrows e, returns a new handle the caller destroys.
 */
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_clone(mathexpr *e);
@@ -194,7 +194,9 @@ QUILLON_API mathexpr *QUILLON_CALL mathexpr_create_ex(mathsymtable *t, const cha
 ** what the library uses itself. The bits 0x10000 (numbers as doubles), 0x20000 (expand) and
 ** 0x40000 (factor) act with simplify; expand and factor together undo each other and never end.
 ** Expansion is exact: a power of a long sum can make a very large result.
-** Ownership: changes the tree of e, which every handle on it sees.
+** Ownership: changes the tree of e. When another handle shares that tree or a node of it
+** (mathexpr_clone, mathexpr_first_child), e is moved to a rewritten copy instead, and the other
+** handles keep the tree they had.
 ** Errors: an error anywhere in the tree becomes the whole expression.
 ** See also: mathexpr_as_text.
 */

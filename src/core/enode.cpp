@@ -151,7 +151,7 @@ void ENode::SwapPlaces(ENode* other) {
   }
 }
 
-ENode* ENode::ReplaceWith(const ENode* other, ENode* const* bindings) {
+ENode* ENode::ReplaceWith(const ENode* other, Bindings bindings) {
   ENode* placeholder = new VoidENode();
   SwapPlaces(placeholder);
   DestroyTree();

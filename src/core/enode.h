@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <span>
 
 #include "core/exact_numbers.h"
 #include "shared/shared_text.h"
@@ -38,6 +39,10 @@ inline constexpr uint32_t kNodeModeBits = 0xFFFF0000u;
 double NA();
 bool IsNA(double value);
 
+class ENode;
+// The trees that the wildcards #0, #1, ... of a copied tree stand for; an empty slot is null.
+using Bindings = std::span<ENode* const>;
+
 class ENode {
  public:
   ENode(const ENode&) = delete;
@@ -70,9 +75,11 @@ class ENode {
   virtual int Compare(const ENode& other) const = 0;
 
   // --- tree operations (borrow this; nodes passed in are free unless said otherwise)
-  // Deep copy; wildcards not held are replaced by bindings[index] when bindings is not null. A
-  // free bound tree is linked in itself at its first use and copied at later uses.
-  ENode* Clone(ENode* const* bindings = nullptr) const;
+  // Deep copy. A wildcard of this tree that is not held and has a tree in bindings stands for
+  // that tree. A free bound tree held at most once (by the caller's bindings) is linked in
+  // itself at its first use; later uses, and a tree shared with a handle, copy it. Nodes inside
+  // a bound tree are never substituted, whatever wildcards they hold.
+  ENode* Clone(Bindings bindings = {}) const;
   // Deep copy with series symbols shifted by k, except inside aggregate functions.
   ENode* CloneShifted(int32_t k) const;
   // The same shift, in place.
@@ -90,7 +97,7 @@ class ENode {
   // The two nodes exchange their places (parents and siblings); each keeps its children.
   void SwapPlaces(ENode* other);
   // Frees this subtree and puts a Clone of other (with bindings) in its place; returns the clone.
-  ENode* ReplaceWith(const ENode* other, ENode* const* bindings);
+  ENode* ReplaceWith(const ENode* other, Bindings bindings);
   // This is a list L under a function node P: L takes P's place, with P applied to each item.
   void DistributeOverList();
   // Regroups the first k children under one new node of the same function, the rest under

@@ -59,12 +59,19 @@ ENode* CopyTree(const ENode* root, CopyNode copyNode) {
   return result;
 }
 
-// A wildcard bound in bindings stands for its binding, followed through chains of wildcards.
-const ENode* Resolve(const ENode* node, ENode* const* bindings) {
-  while (bindings != nullptr && node->GetType() == WildcardType && (node->flags & FlagHeld) == 0)
-    node = bindings[static_cast<const WildcardENode*>(node)->index];
-  return node;
+// The tree a wildcard of the copied tree stands for, or null when it stands for nothing: a node
+// that is no wildcard, a held wildcard, or an index without a tree in bindings.
+const ENode* BoundTree(const ENode* node, Bindings bindings) {
+  if (bindings.empty() || node->GetType() != WildcardType || (node->flags & FlagHeld) != 0) return nullptr;
+  const int32_t index = static_cast<const WildcardENode*>(node)->index;
+  if (index < 0 || static_cast<size_t>(index) >= bindings.size()) return nullptr;
+  return bindings[static_cast<size_t>(index)];
 }
+
+// A free bound tree goes into a copy itself at its first use; after that it has a parent, and
+// later uses copy it. A tree that another handle also holds is copied even at its first use:
+// linked in, it would be part of two trees at once.
+bool IsTakeable(const ENode* bound) { return bound->parent == nullptr && bound->useCount <= 1; }
 
 bool IsAggregate(const ENode* node) {
   const FunctionDef* def = DefOf(node);
@@ -81,21 +88,20 @@ void ShiftOne(ENode* node, int32_t k) {
 
 }  // namespace
 
-ENode* ENode::Clone(ENode* const* bindings) const {
-  return CopyTree(this, [bindings](const ENode*& source, bool& enter) -> ENode* {
-    const ENode* written = source;
-    source = Resolve(source, bindings);
-    if (source != written && source->parent == nullptr) {
-      // A free binding goes in itself at its first use; linked, later uses copy it.
-      enter = false;
-      return const_cast<ENode*>(source);
-    }
-    return source->CloneNode();
+ENode* ENode::Clone(Bindings bindings) const {
+  return CopyTree(this, [bindings](const ENode* source, bool& enter) -> ENode* {
+    const ENode* bound = BoundTree(source, bindings);
+    if (bound == nullptr) return source->CloneNode();
+    // The bound tree is taken as it stands: its own wildcards (a host may write #3) are plain
+    // nodes, and looking them up would read beyond the bindings or go round for ever.
+    enter = false;
+    if (IsTakeable(bound)) return const_cast<ENode*>(bound);
+    return bound->Clone();
   });
 }
 
 ENode* ENode::CloneShifted(int32_t k) const {
-  return CopyTree(this, [k](const ENode*& source, bool& enter) -> ENode* {
+  return CopyTree(this, [k](const ENode* source, bool& enter) -> ENode* {
     if (IsAggregate(source)) {
       enter = false;
       return source->Clone();

@@ -151,6 +151,9 @@ ENode* Rewrite(ENode* root, uint32_t mode) {
 }
 
 void Evaluate(ExprHandle& handle, uint32_t mode) {
+  // Rules relink, change and free nodes in place, so they work only on a tree that this handle
+  // alone holds; otherwise on a copy, and every other handle keeps the tree it had.
+  handle = handle.TakeOrCloneDeep();
   ENode* root = handle.LendRoot();
   uint32_t rest = mode;
   if ((mode & ModeCanonical) != 0) {

@@ -15,7 +15,9 @@ namespace quillon {
 ENode* Rewrite(ENode* node, uint32_t mode);
 
 // Canonical stage (if asked), then the other bits but display, then display (if asked); the
-// handle follows its root wherever rules move it.
+// handle follows its root wherever rules move it. A tree that other handles share (its root, or
+// any node in it, or the root is inside another tree) is copied first, and the handle moves to
+// the copy: the others never see a node moved or freed under them.
 void Evaluate(ExprHandle& handle, uint32_t mode);
 
 // The stable merge sort of a node's children by NodeOrder, in place on the links.

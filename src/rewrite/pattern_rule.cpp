@@ -2,8 +2,6 @@
 // the replacement with the bound subtrees.
 #include "rewrite/pattern_rule.h"
 
-#include <vector>
-
 #include "core/node_order.h"
 #include "core/tree_walk.h"
 #include "core/wildcard_node.h"
@@ -45,51 +43,16 @@ class BindingTable {
   const ENode* result = nullptr;  // what stands in the matched node's place
 };
 
-// How often the replacement uses each slot. False when it uses a slot that the match left empty
-// or one outside the table, which Clone could not fill: the rule then does not apply.
-bool CountUses(const ENode* replacement, const BindingTable& table, int32_t (&uses)[kBindingSlots]) {
+// Whether every wildcard of the replacement has a binding; Clone could fill no other, and a
+// rule's own wildcard must never reach the subject.
+bool ReplacementIsBound(const ENode* replacement, const BindingTable& table) {
   for (const ENode* n = replacement; n != nullptr; n = NextInPreorder(n, replacement)) {
     if (n->GetType() != WildcardType || (n->flags & FlagHeld) != 0) continue;
     const int32_t index = static_cast<const WildcardENode*>(n)->index;
     if (index < 0 || index >= kBindingSlots || table.slots[index] == nullptr) return false;
-    ++uses[index];
   }
   return true;
 }
-
-// Wildcards of the subject (a host may write #3 in a formula) are no part of the replacement,
-// but Clone would take them for its own and look them up in the table: beyond its end, or round
-// for ever when #1 is bound to #1. They are held while the replacement is copied, wherever Clone
-// meets them: a binding that is a wildcard itself, and the inside of a binding that the
-// replacement uses more than once, which is copied. Nothing is allocated when there are none.
-class HeldSubjectWildcards {
- public:
-  HeldSubjectWildcards(const BindingTable& table, const int32_t (&uses)[kBindingSlots]) {
-    for (int32_t i = 0; i < kBindingSlots; ++i) {
-      ENode* bound = table.slots[i];
-      if (bound == nullptr) continue;
-      if (uses[i] < 2) {
-        Hold(bound);
-        continue;
-      }
-      for (ENode* n = bound; n != nullptr; n = NextInPreorder(n, bound)) Hold(n);
-    }
-  }
-  HeldSubjectWildcards(const HeldSubjectWildcards&) = delete;
-  HeldSubjectWildcards& operator=(const HeldSubjectWildcards&) = delete;
-  ~HeldSubjectWildcards() {
-    for (ENode* n : held_) n->flags &= ~FlagHeld;
-  }
-
- private:
-  void Hold(ENode* n) {
-    if (n->GetType() != WildcardType || (n->flags & FlagHeld) != 0) return;
-    n->flags |= FlagHeld;
-    held_.push_back(n);
-  }
-
-  std::vector<ENode*> held_;
-};
 
 // Walks both trees in step, left to right. Recurses only where the pattern has children, so the
 // depth is bounded by the pattern's, not the subject's.
@@ -126,9 +89,7 @@ PatternRule::PatternRule(ThreadContext& context, const char* fromText, const cha
 uint32_t PatternRule::Apply(ENode** node) {
   BindingTable table;
   if (!Match(*node, pattern.Root(), table)) return 0;
-  int32_t uses[kBindingSlots] = {};
-  if (!CountUses(replacement.Root(), table, uses)) return 0;
-  const HeldSubjectWildcards opaque(table, uses);
+  if (!ReplacementIsBound(replacement.Root(), table)) return 0;
   *node = (*node)->ReplaceWith(replacement.Root(), table.slots);
   table.result = *node;
   return 1;

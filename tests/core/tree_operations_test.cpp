@@ -37,15 +37,41 @@ TEST_F(TreeOperations, CloneUsesAFreeBindingOnceThenCopiesIt) {
   EXPECT_TRUE(LinksConsistent(result.Root()));
 }
 
-TEST_F(TreeOperations, CloneKeepsHeldWildcardsAndFollowsChains) {
-  ExprHandle pattern(Call(f, Wild(0, FlagHeld), Wild(1)));
-  ExprHandle target(Sym(b));
-  ENode* chainEnd = Call(g, Sym(a));
-  ENode* middle = Wild(2);
-  ENode* bindings[3] = {target.Root(), middle, chainEnd};
+// What a bound tree holds is copied as it stands: its wildcards are not looked up again (a
+// chain would go round for ever when #1 is bound to #1, or read beyond the bindings).
+TEST_F(TreeOperations, CloneSubstitutesOnlyTheWildcardsOfTheCopiedTree) {
+  const struct {
+    ENode* pattern;
+    ENode* bindings[3];
+    const char* expected;
+  } rows[] = {
+      {Call(f, Wild(0, FlagHeld), Wild(1)), {Sym(b), Sym(a), nullptr}, "f(#0,a)"},  // held
+      {Call(f, Wild(1), Wild(1)), {nullptr, Wild(1), nullptr}, "f(#1,#1)"},
+      {Call(f, Wild(2), Wild(2)), {nullptr, nullptr, Call(g, Wild(7), Wild(2147483647))}, "f(g(#7,#2147483647),g(#7,#2147483647))"},
+      {Call(f, Wild(2), Wild(5), Wild(-1)), {Sym(a), Sym(b), nullptr}, "f(#2,#5,#-1)"},  // unbound
+  };
+  for (const auto& row : rows) {
+    ExprHandle pattern(row.pattern);
+    ExprHandle result(pattern.Root()->Clone(row.bindings));
+    EXPECT_EQ(Dump(result.Root()), row.expected);
+    EXPECT_TRUE(LinksConsistent(result.Root()));
+    for (ENode* bound : row.bindings)
+      if (bound != nullptr && bound->parent == nullptr && bound->useCount == 0) bound->DestroyTree();
+  }
+}
+
+// A free tree that a handle holds besides the bindings is copied: linked in, it would stand in
+// two trees at once.
+TEST_F(TreeOperations, CloneCopiesABoundTreeThatAHandleShares) {
+  ExprHandle pattern(Call(f, Wild(0)));
+  ExprHandle shared(Call(g, Sym(a)));
+  ++shared.Root()->useCount;  // the bindings' own use
+  ENode* bindings[1] = {shared.Root()};
   ExprHandle result(pattern.Root()->Clone(bindings));
-  EXPECT_EQ(Dump(result.Root()), "f(#0,g(a))");
-  delete middle;
+  --shared.Root()->useCount;
+  EXPECT_EQ(Dump(result.Root()), "f(g(a))");
+  EXPECT_NE(result.Root()->firstChild, shared.Root());
+  EXPECT_EQ(shared.Root()->parent, nullptr);
 }
 
 TEST_F(TreeOperations, CloneShiftedMovesOnlySeriesOutsideAggregates) {
