@@ -192,8 +192,12 @@ QUILLON_API mathexpr *QUILLON_CALL mathexpr_create_ex(mathsymtable *t, const cha
 /*
 ** Rewrites e in place in the given mode: 1 simplify, 2 canonical, 4 display, or a union; 3 is
 ** what the library uses itself. The bits 0x10000 (numbers as doubles), 0x20000 (expand) and
-** 0x40000 (factor) act with simplify; expand and factor together undo each other and never end.
-** Expansion is exact: a power of a long sum can make a very large result.
+** 0x40000 (factor) act with simplify, as do the wrappers @expand(x) and @factor(x) on x alone.
+** Expand and factor undo each other, so they never run together: the nearest wrapper decides
+** for its subtree, and the mode around it then acts on the result (@factor(@expand((a+b)*c))
+** expands, then factors the sum it gave); a mode with both bits expands the whole tree first,
+** then factors the expanded tree. Expansion is exact, but a power or product of sums whose
+** expansion would have more than 1000000 terms stays as it is.
 ** Ownership: changes the tree of e. When another handle shares that tree or a node of it
 ** (mathexpr_clone, mathexpr_first_child), e is moved to a rewritten copy instead, and the other
 ** handles keep the tree they had.

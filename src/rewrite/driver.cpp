@@ -39,6 +39,24 @@ ENode* HoistError(ENode* node, ENode* e) {
   return e;
 }
 
+// Expansion and factoring undo each other, so no pass runs with both. The nearest wrapper
+// decides for its subtree: its bit replaces the other one there.
+constexpr uint32_t kOpposedModes = ModeExpand | ModeFactor;
+
+uint32_t ChildMode(const ENode* node, uint32_t mode) {
+  const FunctionDef* def = DefOf(node);
+  const uint32_t own = def != nullptr ? def->childMode : 0;
+  if ((own & kOpposedModes) != 0) mode &= ~kOpposedModes;
+  return own | mode;
+}
+
+// Whether the wrapper node's subtree ran without a bit that the wrapper itself runs in: then
+// its result is rewritten again in the wrapper's mode once the wrapper is gone, so that
+// @factor(@expand(x)) factors what the expansion gave.
+bool OverridesOuterMode(const FunctionDef* def, uint32_t mode) {
+  return (def->childMode & kOpposedModes) != 0 && (mode & kOpposedModes & ~def->childMode) != 0;
+}
+
 bool Flattens(uint32_t mode, const ENode* node, const ENode* child) {
   if ((mode & (ModeSimplify | ModeFlatten)) == 0) return false;
   const FunctionDef* def = DefOf(node);
@@ -90,8 +108,12 @@ ENode* Dispatch(ENode*& node, uint32_t mode) {
   if ((mode & ModeSimplify) != 0) {
     if ((def->attributes & AttrCollapseSingle) != 0 && node->childCount == 1) {
       ENode* only = node->firstChild;
+      const bool again = OverridesOuterMode(def, mode);
       node->Splice();
-      return only;
+      if (!again) return only;
+      only->ClearFlagsByType(FunctionType, FlagSettled);
+      node = only;
+      return nullptr;
     }
     if ((def->attributes & AttrCommutative) != 0 && node->childCount > 1) SortChildren(node);
   }
@@ -112,8 +134,7 @@ ENode* Rewrite(ENode* root, uint32_t mode) {
       frame.inChildren = true;
       frame.cursor = frame.node->firstChild;
     }
-    const FunctionDef* def = DefOf(frame.node);
-    const uint32_t childMode = (def != nullptr ? def->childMode : 0) | frame.mode;
+    const uint32_t childMode = ChildMode(frame.node, frame.mode);
     ENode* result = nullptr;
     bool descend = false;
     while (ENode* child = frame.cursor) {
@@ -160,6 +181,12 @@ void Evaluate(ExprHandle& handle, uint32_t mode) {
     root = Rewrite(root, ModeCanonical);
     rest &= ~ModeCanonical;
     root->ClearFlagsByType(RationalType | FunctionType | WildcardType, FlagSettled);
+  }
+  if ((rest & kOpposedModes) == kOpposedModes) {
+    // Both bits: expand first, then factor the expanded tree.
+    root = Rewrite(root, rest & ~(ModeDisplay | ModeFactor));
+    root->ClearFlagsByType(FunctionType, FlagSettled);
+    rest &= ~ModeExpand;
   }
   if ((rest & ~ModeDisplay) != 0) root = Rewrite(root, rest & ~ModeDisplay);
   if ((mode & ModeDisplay) != 0) {

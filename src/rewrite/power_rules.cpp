@@ -9,6 +9,7 @@
 #include "core/int_node.h"
 #include "core/real_node.h"
 #include "core/well_known.h"
+#include "rewrite/expansion_size.h"
 #include "rewrite/numeric_fold.h"
 #include "rewrite/surgery.h"
 
@@ -86,50 +87,62 @@ ENode* NewPower(ENode* base, int32_t exponent) {
   return power;
 }
 
+// A composition of n into the m terms of a sum, stepped through all of them. The parts that are
+// not 0 (at most n of them) are kept in ascending order beside the counts, so that each term of
+// the expansion is built from them alone: a walk over all m parts for each of the C(n+m-1, n)
+// terms made the square of a long sum cubic in its length.
+class Composition {
+ public:
+  Composition(int32_t m, int32_t n) : counts_(static_cast<std::size_t>(m), 0), used_{0} { counts_[0] = n; }
+
+  const std::vector<std::size_t>& Used() const { return used_; }
+  int32_t Count(std::size_t i) const { return counts_[i]; }
+
+  // Steps to the next composition: with j the first part in use, all of it but one goes to the
+  // first part and one to part j + 1. False after the last one, which has all of n in the last
+  // part.
+  bool Next() {
+    const std::size_t j = used_.front();
+    if (j + 1 == counts_.size()) return false;
+    const int32_t moved = counts_[j];
+    counts_[j] = 0;
+    counts_[0] += moved - 1;
+    ++counts_[j + 1];
+    used_.erase(used_.begin());
+    if (used_.empty() || used_.front() != j + 1) used_.insert(used_.begin(), j + 1);
+    if (counts_[0] > 0) used_.insert(used_.begin(), 0);
+    return true;
+  }
+
+ private:
+  std::vector<int32_t> counts_;
+  std::vector<std::size_t> used_;
+};
+
 // The term of the expansion for one composition: the multinomial coefficient (left out when it
-// is 1), then each term of the sum that the composition uses, raised to its count.
-ENode* ExpansionTerm(const ENode* sum, const std::vector<int32_t>& counts, int32_t n) {
+// is 1), then each term of the sum that the composition uses, in order, raised to its count.
+ENode* ExpansionTerm(const std::vector<const ENode*>& terms, const Composition& parts, int32_t n) {
   int32_t coefficient = kFactorial[n];
-  for (const int32_t count : counts)
-    if (count > 0) coefficient /= kFactorial[count];
+  for (const std::size_t i : parts.Used()) coefficient /= kFactorial[parts.Count(i)];
   ENode* product = NewCall(fnTimes);
   if (coefficient != 1) product->AppendChild(new IntENode(coefficient));
-  std::size_t i = 0;
-  for (const ENode* term : Children(sum)) {
-    const int32_t count = counts[i++];
-    if (count == 1)
-      product->AppendChild(term->Clone());
-    else if (count > 1)
-      product->AppendChild(NewPower(term->Clone(), count));
+  for (const std::size_t i : parts.Used()) {
+    const int32_t count = parts.Count(i);
+    product->AppendChild(count == 1 ? terms[i]->Clone() : NewPower(terms[i]->Clone(), count));
   }
   return product;
 }
 
-// Steps counts to the next composition of n; false after the last one, which has all of n in
-// the last part.
-bool NextComposition(std::vector<int32_t>& counts) {
-  std::size_t j = 0;
-  while (counts[j] == 0) ++j;
-  if (j == counts.size() - 1) return false;
-  if (j > 0) {
-    counts[0] = counts[j] - 1;
-    counts[j] = 0;
-    ++counts[j + 1];
-  } else {
-    --counts[0];
-    ++counts[1];
-  }
-  return true;
-}
-
 // The unsettled sum of all terms of sum^n, in the order of the compositions.
 ENode* Multinomial(const ENode* sum, int32_t n) {
-  std::vector<int32_t> counts(static_cast<std::size_t>(sum->childCount), 0);
-  counts[0] = n;
+  std::vector<const ENode*> terms;
+  terms.reserve(static_cast<std::size_t>(sum->childCount));
+  for (const ENode* term : Children(sum)) terms.push_back(term);
+  Composition parts(sum->childCount, n);
   ENode* expansion = NewCall(fnPlus);
   do {
-    expansion->AppendChild(ExpansionTerm(sum, counts, n));
-  } while (NextComposition(counts));
+    expansion->AppendChild(ExpansionTerm(terms, parts, n));
+  } while (parts.Next());
   return expansion;
 }
 
@@ -183,6 +196,7 @@ uint32_t PowerRule5::Apply(ENode** node) {
   if (!IsCallOf(sum, fnPlus) || sum->childCount == 0 || power->lastChild->GetType() != IntType) return 0;
   const int32_t n = static_cast<const IntENode*>(power->lastChild)->value;
   if (n < 2 || n > kMaxExpandedPower) return 0;
+  if (PowerExpansionTerms(sum->childCount, n) > kMaxExpansionTerms) return 0;
   return ReplacePower(node, Multinomial(sum, n));
 }
 

@@ -39,8 +39,8 @@ class PowerRule3 final : public Rule {
 };
 
 // (a + b + ...)^n --> the multinomial sum   when n is an integer from 2 to 12, in ModeExpand
-// 12! is the largest factorial of a 32-bit word, and the bound keeps the C(n+m-1, m-1) terms in
-// hand. Terms come out in the order of the compositions (a^2, 2ab, b^2 for two terms); the sum
+// 12! is the largest factorial of a 32-bit word. A power whose C(n+m-1, m-1) terms would pass
+// kMaxExpansionTerms stays as it is. Terms come out in the order of the compositions (a^2, 2ab, b^2 for two terms); the sum
 // is left unsettled for the driver to sort and collect.
 class PowerRule5 final : public Rule {
  public:

@@ -9,6 +9,7 @@
 #include "core/node_order.h"
 #include "core/real_node.h"
 #include "core/well_known.h"
+#include "rewrite/expansion_size.h"
 #include "rewrite/numeric_fold.h"
 #include "rewrite/surgery.h"
 
@@ -226,7 +227,7 @@ uint32_t TimesRule2::Apply(ENode** node) {
 uint32_t TimesRule4::Apply(ENode** node) {
   ENode* p = *node;
   const SumFactors sums = FindSums(p);
-  if (!sums.any || sums.empty) return 0;
+  if (!sums.any || sums.empty || ProductExpansionTerms(p) > kMaxExpansionTerms) return 0;
   std::vector<ENode*> cursors = FirstChoices(p);
   ENode* expanded = NewCall(fnPlus);
   do {

@@ -38,8 +38,8 @@ class TimesRule2 final : public Rule {
 
 // (a + b) * (c + d) --> a*c + a*d + b*c + b*d   in ModeExpand
 // Every choice of one term per sum, the last sum varying fastest; factors that are not sums go
-// into each product unchanged. The count of products is not bounded. A product holding an empty
-// sum is left alone.
+// into each product unchanged. A product holding an empty sum, or whose expansion would pass
+// kMaxExpansionTerms, is left alone.
 class TimesRule4 final : public Rule {
  public:
   using Rule::Rule;
