@@ -16,10 +16,19 @@
 ** Errors. A failure of the language or of the mathematics is a value: an error expression
 ** (mathexpr_is_error) whose text is the message. Exports that return plain values turn an error
 ** into a neutral answer (0, or NA for numbers). Nothing is thrown at the host except when the
-** machine itself fails (out of memory). A NULL handle is accepted only where a function says so.
+** machine itself fails (out of memory: the shared layer's exception, code 1929, or the
+** language's own).
 **
-** Threads. The library has no threads of its own and starts itself on first use on each thread.
-** A tree is used by one thread at a time; parsing runs on one thread at a time per process.
+** NULL handles. A NULL expression or symbol table where one is required does no harm: an export
+** that returns an expression returns a new handle on the empty expression; truth values, counts
+** and the priority are 0; numbers are NA; out-parameters are not written, except that
+** mathexpr_get_attributes writes zeros and mathexpr_as_text the empty text; exports that change
+** an expression or table do nothing. (mathexpr_create takes a NULL table as "no table".)
+**
+** Threads. The library has no threads of its own and starts itself on first use on each thread,
+** also on several threads at once. Threads may parse, evaluate and print at the same time as
+** long as each uses trees and symbol tables of its own: a tree or a table is used by one thread
+** at a time.
 **
 ** Life cycle and threads as a host follows them. mathexpr_create, mathexpr_create_ex and
 ** mathexpr_create_void start the library on a thread that has not used it (quillon_init takes a
@@ -61,7 +70,7 @@
 ** doubles, 0x20000 expand, 0x40000 factor, 0x80000 time expand (lags and differences written
 ** out), 0x100000 flatten. Usual unions: 3 (canonical then simplify, what the library uses
 ** itself), 4 (display form, as mathexpr_as_text prints), 0x20003 expand, 0x40003 factor,
-** 0x80003 time expand. Expand and factor together never end.
+** 0x80003 time expand. Expand and factor never run together: see mathexpr_evaluate.
 **
 ** The language in brief. Binary operators from the loosest, with their priorities: := 30
 ** (assignment, groups to the right); or 40; and 50; the comparisons <, <=, >, >=, <> and =
@@ -109,7 +118,16 @@ extern "C" {
 typedef struct mathexpr mathexpr;
 typedef struct mathsymtable mathsymtable;
 
-/* A host callback: given a symbol name, return its type code, or 199 for "unknown". */
+/*
+** A host callback: given a symbol name, return its type code, or 199 for "unknown". It runs on
+** the parsing thread, inside mathexpr_create. It may call back into the library: parse other
+** formulas (with any table, this one included), evaluate them, even call quillon_init; the
+** parse that asked goes on intact afterwards. A formula parsed inside a resolver counts as
+** nested eight levels inside the name being resolved (of the 256 levels a text may nest), so
+** resolvers that parse nest some 30 deep, and one that keeps parsing its own name ends in an
+** error expression "syntax error: expression is nested too deeply" instead of recursing for
+** ever. It must not call quillon_cleanup.
+*/
 typedef int32_t(QUILLON_CALL *mathsymtable_resolver)(const char *name);
 
 /* ==================================================================== life cycle */
@@ -117,7 +135,9 @@ typedef int32_t(QUILLON_CALL *mathsymtable_resolver)(const char *name);
 /*
 ** Builds the process-wide function catalogue on its first call and gives the calling thread
 ** its parser context. Hosts rarely need it: the mathexpr_create functions call it on a thread
-** that has no context yet. A second call on the same thread replaces that thread's context.
+** that has no context yet. A second call on the same thread replaces that thread's context;
+** when the call comes from a resolver, the parse that called the resolver keeps the old context
+** until it returns, and the old context is freed then.
 ** Errors: none reported.
 ** See also: quillon_cleanup.
 */
@@ -224,7 +244,9 @@ QUILLON_API void QUILLON_CALL mathsymtable_destroy(mathsymtable *t);
 ** catalogued function). mathexpr_create_ex with flag bit 0 turns a top-level "a = b" into an
 ** assignment.
 ** Ownership: returns a new handle the caller destroys.
-** Errors: bad text gives an error expression "syntax error: ...", never NULL.
+** Errors: bad text gives an error expression "syntax error: ...", never NULL. A text longer than
+** 1073741823 bytes (the largest the engine holds) gives the error expression "expression text
+** too long"; it is never cut short. A NULL text reads as the empty text.
 */
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_create(mathsymtable *t, const char *text);
 QUILLON_API mathexpr *QUILLON_CALL mathexpr_create_ex(mathsymtable *t, const char *text, uint32_t flags);

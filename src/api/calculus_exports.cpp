@@ -26,6 +26,7 @@ QUILLON_API mathexpr* QUILLON_CALL mathexpr_taylor(mathexpr* f, mathexpr* x, mat
 // In place: the tree of e becomes the argument of @implicit, and e ends on the answer; clones of
 // e see the equation changed, as the rule changes its node rather than copying it.
 QUILLON_API void QUILLON_CALL mathexpr_make_implicit(mathexpr* e) {
+  if (e == nullptr) return;
   *HandleOf(e) = HandleOf(e)->TakeOrCloneDeep();  // clones of e share the change; held children don't
   ExprHandle call(fnImplicit, *HandleOf(e));
   *HandleOf(e) = ExprHandle();

@@ -17,8 +17,11 @@ struct Contents {
   uint32_t symbolBits = 0;
 };
 
-Contents Survey(const ENode* root) {
+// A NULL handle has no contents at all: no node, no class, no attribute.
+Contents Survey(mathexpr* e) {
   Contents c;
+  if (e == nullptr) return c;
+  const ENode* root = RootOf(e);
   for (const ENode* n = root; n != nullptr; n = NextInPreorder(n, root)) {
     ++c.nodes;
     c.tags |= n->GetType();
@@ -35,11 +38,11 @@ Contents Survey(const ENode* root) {
 extern "C" {
 
 // Numbers and plain functions only, read on the tree as it stands, with no evaluation.
-QUILLON_API uint32_t QUILLON_CALL mathexpr_is_numeric(mathexpr* e) { return IsNumericTree(RootOf(e)); }
+QUILLON_API uint32_t QUILLON_CALL mathexpr_is_numeric(mathexpr* e) { return e != nullptr && IsNumericTree(RootOf(e)); }
 
 QUILLON_API uint32_t QUILLON_CALL mathexpr_get_attributes(mathexpr* e, int32_t* nodeCount,
                                                           uint32_t* functionAttributes, uint32_t* symbolBits) {
-  const Contents c = Survey(RootOf(e));
+  const Contents c = Survey(e);
   if (nodeCount != nullptr) *nodeCount = c.nodes;
   if (functionAttributes != nullptr) *functionAttributes = c.attributes;
   if (symbolBits != nullptr) *symbolBits = c.symbolBits;
@@ -48,7 +51,8 @@ QUILLON_API uint32_t QUILLON_CALL mathexpr_get_attributes(mathexpr* e, int32_t* 
 
 // The first line that applies decides; hosts rank expressions by these numbers.
 QUILLON_API int32_t QUILLON_CALL mathexpr_get_priority(mathexpr* e) {
-  const Contents c = Survey(RootOf(e));
+  const Contents c = Survey(e);
+  if (c.nodes == 0) return 0;
   const int32_t withScalars = (c.symbolBits & SymbolClass2) != 0 ? 1 : 0;
   if ((c.tags & ErrorType) != 0) return 0;
   if ((c.attributes & AttrRandom) != 0) return 1;

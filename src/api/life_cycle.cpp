@@ -20,6 +20,11 @@ ThreadContext* EnsureThreadContext() {
   return ContextWord();
 }
 
+ExprHandle StartedEmpty() {
+  EnsureThreadContext();
+  return ExprHandle();
+}
+
 }  // namespace quillon
 
 using namespace quillon;
@@ -27,12 +32,12 @@ using namespace quillon;
 extern "C" {
 
 // The first caller builds the catalogue while later arrivals wait on the lock; each caller gets
-// a new context of its own, replacing any it had.
+// a new context of its own, replacing any it had (which a parse under way keeps until it ends).
 QUILLON_API void QUILLON_CALL quillon_init(void) {
   std::lock_guard<std::mutex> guard(InitLock());
   RegisterThisThread();
   ThreadContext*& word = ContextWord();
-  delete word;
+  RetireContext(word);
   if (functionTable != nullptr) {
     word = new ThreadContext(functionTable);
     return;
@@ -49,7 +54,7 @@ QUILLON_API void QUILLON_CALL quillon_init(void) {
 QUILLON_API void QUILLON_CALL quillon_cleanup(void) {
   std::lock_guard<std::mutex> guard(InitLock());
   ForEachContextWord([](ThreadContext*& context) {
-    delete context;
+    RetireContext(context);
     context = nullptr;
   });
   if (functionTable == nullptr) return;

@@ -1,6 +1,7 @@
 // The frame shared by all rule wrappers; see rule_call.h.
 #include "api/rule_call.h"
 
+#include "api/life_cycle.h"
 #include "core/function_node.h"
 #include "rewrite/driver.h"
 
@@ -8,7 +9,14 @@ namespace quillon {
 
 ExprHandle EvaluateCall(FunctionDef* def, std::initializer_list<CallArgument> arguments) {
   ExprHandle call(def);
-  for (const CallArgument& argument : arguments) call.Root()->AppendChild(argument.node);
+  bool complete = true;
+  for (const CallArgument& argument : arguments) {
+    if (argument.node != nullptr)
+      call.Root()->AppendChild(argument.node);
+    else
+      complete = false;
+  }
+  if (!complete) return StartedEmpty();
   Evaluate(call, ModeSimplify | ModeCanonical);
   return call;
 }

@@ -11,12 +11,12 @@ QUILLON_API mathsymtable* QUILLON_CALL mathsymtable_create(mathsymtable_resolver
 }
 
 QUILLON_API uint32_t QUILLON_CALL mathsymtable_add(mathsymtable* t, const char* name, int32_t type) {
-  return TableOf(t)->Add(name, type);
+  return t != nullptr && TableOf(t)->Add(name, type);
 }
 
 QUILLON_API uint32_t QUILLON_CALL mathsymtable_add_ex(mathsymtable* t, const char* name, int32_t type,
                                                       uint32_t extra) {
-  return TableOf(t)->AddEx(name, type, extra);
+  return t != nullptr && TableOf(t)->AddEx(name, type, extra);
 }
 
 QUILLON_API void QUILLON_CALL mathsymtable_destroy(mathsymtable* t) { delete TableOf(t); }

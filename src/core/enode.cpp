@@ -2,6 +2,7 @@
 // nodes locally. Operations that walk whole trees are in tree_walk.cpp.
 #include "core/enode.h"
 
+#include <atomic>
 #include <bit>
 #include <cassert>
 
@@ -11,21 +12,22 @@
 namespace quillon {
 namespace {
 
-int64_t liveNodes = 0;
+// Relaxed: threads building their own trees only need the count to be exact, not ordered.
+std::atomic<int64_t> liveNodes{0};
 
 }  // namespace
 
 double NA() { return std::bit_cast<double>(0xFFF8000000000000ull); }
 bool IsNA(double value) { return std::bit_cast<uint64_t>(value) == 0xFFF8000000000000ull; }
 
-ENode::ENode(uint32_t initialFlags) : flags(initialFlags) { ++liveNodes; }
+ENode::ENode(uint32_t initialFlags) : flags(initialFlags) { liveNodes.fetch_add(1, std::memory_order_relaxed); }
 
 ENode::~ENode() {
   Unlink();
-  --liveNodes;
+  liveNodes.fetch_sub(1, std::memory_order_relaxed);
 }
 
-int64_t LiveNodeCount() { return liveNodes; }
+int64_t LiveNodeCount() { return liveNodes.load(std::memory_order_relaxed); }
 
 double ENode::GetValueAt(const double*, const double*) const { return GetValue(); }
 

@@ -127,7 +127,7 @@ class ENode {
 };
 
 // Nodes alive in the process: raised by every construction, lowered by every destruction.
-// Not atomic: a diagnostic, never a decision.
+// A relaxed atomic, so threads may build trees at once: a diagnostic, never a decision.
 int64_t LiveNodeCount();
 
 // The children of a node, for range-for. Reads `next` when it moves on, so the body must not

@@ -83,18 +83,60 @@ bool GoesOn(const FunctionDef* op, int32_t minimum) {
   return op->priority > minimum || (op->priority == minimum && op->rightAssoc == 1);
 }
 
+// Points a busy context at the context of the parse its resolver started, for that parse's life,
+// so that a parse started further in goes to the innermost one.
+class NestedParse {
+ public:
+  NestedParse(ThreadContext*& slot, ThreadContext& inner) : slot_(slot) { slot_ = &inner; }
+  ~NestedParse() { slot_ = nullptr; }
+  NestedParse(const NestedParse&) = delete;
+  NestedParse& operator=(const NestedParse&) = delete;
+
+ private:
+  ThreadContext*& slot_;
+};
+
 }  // namespace
 
+// Marks a context busy for the life of one parse, and frees it at the end if it was retired
+// meanwhile.
+class ActiveParse {
+ public:
+  explicit ActiveParse(ThreadContext& context) : context_(context) { context_.parsing_ = true; }
+  ~ActiveParse() {
+    context_.parsing_ = false;
+    if (context_.retired_) delete &context_;
+  }
+  ActiveParse(const ActiveParse&) = delete;
+  ActiveParse& operator=(const ActiveParse&) = delete;
+
+ private:
+  ThreadContext& context_;
+};
+
 ExprHandle ThreadContext::ParseText(const SharedText& text, SymbolTable* table, uint32_t flags) {
+  ThreadContext* innermost = this;
+  while (innermost->nested_ != nullptr) innermost = innermost->nested_;
+  if (innermost->parsing_) return innermost->ParseInside(text, table, flags);
+  ActiveParse active(*this);
   stringLexer.Reset(text);
   return ParseSource(table, &stringLexer, flags);
+}
+
+// A resolver parses while this parse waits for its answer. Its text counts as nested inside the
+// name being resolved, so a resolver that keeps parsing its own name ends in an error.
+ExprHandle ThreadContext::ParseInside(const SharedText& text, SymbolTable* table, uint32_t flags) {
+  ThreadContext inner(functions);
+  inner.baseNesting_ = nesting_ + kResolverNesting - 1;
+  NestedParse nested(nested_, inner);
+  return inner.ParseText(text, table, flags);
 }
 
 // source := expression End
 ExprHandle ThreadContext::ParseSource(SymbolTable* table, Lexer* source, uint32_t) {
   symbols = table;
   lexer = source;
-  nesting_ = -1;  // the top-level expression is level 0
+  nesting_ = baseNesting_;
   try {
     NextToken();
     ExprHandle tree = ParseExpression(TopLevel, 0);

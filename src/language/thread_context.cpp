@@ -7,8 +7,15 @@ namespace quillon {
 void ReleaseThreadContext(ThreadContext** word) {
   std::lock_guard<std::mutex> guard(InitLock());
   ThreadSet().erase(word);
-  delete *word;
+  RetireContext(*word);
   *word = nullptr;
+}
+
+void RetireContext(ThreadContext* context) {
+  if (context != nullptr && context->parsing_)
+    context->retired_ = true;
+  else
+    delete context;
 }
 
 std::mutex& InitLock() {

@@ -1,6 +1,7 @@
 // The counting allocator and its parser twin; see allocator.h.
 #include "shared/allocator.h"
 
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 
@@ -9,8 +10,15 @@ namespace {
 
 void WriteToStandardError(const char* text) { std::fputs(text, stderr); }
 
-AllocationCounters general{0, 0};
-AllocationCounters parser{0, 0};
+// Every thread allocates, so the counters are atomic; relaxed, since only their sums matter.
+// Unsigned, so that they wrap rather than trap when a huge request is counted.
+struct Counters {
+  std::atomic<uint32_t> blocks{0};
+  std::atomic<uint32_t> bytes{0};
+};
+
+Counters general;
+Counters parser;
 ReportHook hooks[3] = {WriteToStandardError, WriteToStandardError, WriteToStandardError};
 char failureText[512];
 
@@ -20,11 +28,16 @@ void ReportFailure(size_t size) {
   hooks[0](failureText);
 }
 
-// Counters are 32-bit by design; they wrap rather than trap when a huge request is counted.
-void Count(AllocationCounters& c, int32_t blocks, size_t bytes, bool up) {
+// Counters are 32-bit by design.
+void Count(Counters& c, int32_t blocks, size_t bytes, bool up) {
   const uint32_t b = static_cast<uint32_t>(bytes);
-  c.blocks = static_cast<int32_t>(static_cast<uint32_t>(c.blocks) + static_cast<uint32_t>(blocks));
-  c.bytes = static_cast<int32_t>(up ? static_cast<uint32_t>(c.bytes) + b : static_cast<uint32_t>(c.bytes) - b);
+  c.blocks.fetch_add(static_cast<uint32_t>(blocks), std::memory_order_relaxed);
+  c.bytes.fetch_add(up ? b : 0u - b, std::memory_order_relaxed);
+}
+
+AllocationCounters Snapshot(const Counters& c) {
+  return {static_cast<int32_t>(c.blocks.load(std::memory_order_relaxed)),
+          static_cast<int32_t>(c.bytes.load(std::memory_order_relaxed))};
 }
 
 }  // namespace
@@ -66,8 +79,8 @@ void ParserFree(void* block, size_t size) {
   Count(parser, -1, size, false);
 }
 
-AllocationCounters GeneralCounters() { return general; }
-AllocationCounters ParserCounters() { return parser; }
+AllocationCounters GeneralCounters() { return Snapshot(general); }
+AllocationCounters ParserCounters() { return Snapshot(parser); }
 
 void SetReportHooks(ReportHook first, ReportHook second, ReportHook third) {
   if (first != nullptr) hooks[0] = first;

@@ -15,16 +15,43 @@ size_t DataSize(uint32_t elementSize, int32_t length) {
   return length > 0 ? static_cast<size_t>(elementSize) * static_cast<size_t>(length) : 0;
 }
 
+// A failed allocation leaves the shared layer as its exception, which passes through the
+// exports to the host: no caller ever sees an empty block.
+[[noreturn]] void FailAllocation(uint32_t elementSize) {
+  throw db_exception(kCodeArrayAllocation, elementSize == 1 ? "text" : "working array", ';');
+}
+
+void* AllocateOrThrow(size_t size, uint32_t elementSize) {
+  void* block = Allocate(size);
+  if (block == nullptr) FailAllocation(elementSize);
+  return block;
+}
+
+// The length of a zero-terminated text, refused rather than cut to 32 bits when too long.
+int32_t HeldLength(const char* literal) {
+  const size_t n = strnlen(literal, static_cast<size_t>(kMaxTextLength) + 1);
+  if (n > static_cast<size_t>(kMaxTextLength)) FailAllocation(1);
+  return static_cast<int32_t>(n);
+}
+
 }  // namespace
 
 SharedBody* SharedText::NewBody(uint32_t elementSize, int32_t length) {
-  auto* body = static_cast<SharedBody*>(Allocate(sizeof(SharedBody)));
+  void* data = length > 0 ? AllocateOrThrow(DataSize(elementSize, length), elementSize) : nullptr;
+  void* block = Allocate(sizeof(SharedBody));
+  if (block == nullptr) {
+    if (data != nullptr) Free(data, DataSize(elementSize, length));
+    FailAllocation(elementSize);
+  }
+  auto* body = static_cast<SharedBody*>(block);
   body->element_size = elementSize;
   body->length = length;
   body->ref_count = 1;
-  body->data = length > 0 ? Allocate(DataSize(elementSize, length)) : nullptr;
+  body->data = data;
   return body;
 }
+
+SharedText::SharedText(const char* literal) : SharedText(literal, HeldLength(literal)) {}
 
 SharedText::SharedText(const char* bytes, int32_t n) : body_(NewBody(1, n + 1)) {
   char* data = static_cast<char*>(body_->data);
@@ -39,19 +66,9 @@ SharedText SharedText::WithRoom(int32_t n) {
 }
 
 SharedText SharedText::Array(int32_t n, uint32_t elementSize) {
-  auto* body = static_cast<SharedBody*>(Allocate(sizeof(SharedBody)));
-  body->element_size = elementSize;
-  body->length = n;
-  body->ref_count = 1;
-  body->data = nullptr;
-  SharedText array(body);
-  if (n > 0) {
-    body->data = Allocate(DataSize(elementSize, n));
-    if (body->data == nullptr) {
-      body->length = 0;
-      throw db_exception(kCodeArrayAllocation, "working array", ';');
-    }
-  }
+  SharedText array(NewBody(elementSize, 0));
+  if (n > 0) array.body_->data = AllocateOrThrow(DataSize(elementSize, n), elementSize);
+  array.body_->length = n;
   return array;
 }
 
@@ -89,13 +106,15 @@ void SharedText::Resize(int32_t n) {
   MakeUnique();
   const uint32_t size = body_->element_size;
   if (body_->length <= 0) {
-    body_->data = n > 0 ? Allocate(DataSize(size, n)) : nullptr;
+    body_->data = n > 0 ? AllocateOrThrow(DataSize(size, n), size) : nullptr;
   } else if (n <= 0) {
     Free(body_->data, DataSize(size, body_->length));
     body_->data = nullptr;
     n = 0;
   } else {
-    body_->data = Reallocate(body_->data, DataSize(size, body_->length), DataSize(size, n));
+    void* moved = Reallocate(body_->data, DataSize(size, body_->length), DataSize(size, n));
+    if (moved == nullptr) FailAllocation(size);  // the old block and length still stand
+    body_->data = moved;
   }
   body_->length = n;
 }

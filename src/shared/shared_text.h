@@ -6,7 +6,12 @@
 #include <cstdint>
 #include <cstring>
 
+#include "shared/allocator.h"
+
 namespace quillon {
+
+// The longest text a body can hold: its bytes and the terminator fill one block of the allocator.
+inline constexpr int32_t kMaxTextLength = static_cast<int32_t>(kAllocationLimit) - 1;
 
 struct SharedBody {
   uint32_t element_size;
@@ -19,10 +24,12 @@ class SharedText {
  public:
   // The empty text: one element, the terminator.
   SharedText() : SharedText("", 0) {}
-  explicit SharedText(const char* literal) : SharedText(literal, static_cast<int32_t>(std::strlen(literal))) {}
+  // A copy of a zero-terminated text; throws db_exception 1929 when it is longer than kMaxTextLength.
+  explicit SharedText(const char* literal);
   // A text of n bytes copied from bytes, then the terminator.
   SharedText(const char* bytes, int32_t n);
-  // A text with room for n characters; only position n (the terminator) is cleared.
+  // A text with room for n characters; only position n (the terminator) is cleared. Like every
+  // allocation here, it throws db_exception 1929 when the memory can't be had.
   static SharedText WithRoom(int32_t n);
   // An array of n uninitialised elements; throws db_exception 1929 when the data can't be had.
   static SharedText Array(int32_t n, uint32_t elementSize);

@@ -69,5 +69,18 @@ TEST(LifeCycle, D_CleanupThenTheLibraryStartsAgain) {
   quillon_cleanup();
 }
 
+// The empty expression that answers a NULL handle may be a host's first handle; handing it on
+// to a wrapper used to run a call of a catalogue that was never built.
+TEST(LifeCycle, E_NeutralAnswerToANullHandleStartsTheLibrary) {
+  ASSERT_EQ(fnJoin, nullptr);
+  mathexpr* empty = mathexpr_clone(nullptr);
+  mathexpr* joined = mathexpr_join(empty, empty);
+  EXPECT_NE(fnJoin, nullptr);
+  EXPECT_FALSE(mathexpr_is_error(joined));
+  mathexpr_destroy(joined);
+  mathexpr_destroy(empty);
+  quillon_cleanup();
+}
+
 }  // namespace
 }  // namespace quillon

@@ -206,4 +206,23 @@ TEST(SmallStack, ProgramsOfLongChainsAreSafe) {
   }
 }
 
+// A host resolver that looks a name up by parsing it, which asks the resolver again.
+mathsymtable* selfResolving = nullptr;
+int32_t QUILLON_CALL ParseOwnName(const char* name) {
+  mathexpr_destroy(mathexpr_create(selfResolving, name));
+  return 1;
+}
+
+TEST(SmallStack, ResolverThatParsesItsOwnNameStopsBeforeTheStackEnds) {
+  bool parsed = false;
+  RunOnSmallStack([&] {
+    selfResolving = mathsymtable_create(ParseOwnName, 0);
+    mathexpr* e = mathexpr_create(selfResolving, "q+1");
+    parsed = !mathexpr_is_error(e);
+    mathexpr_destroy(e);
+    mathsymtable_destroy(selfResolving);
+  });
+  EXPECT_TRUE(parsed);
+}
+
 }  // namespace

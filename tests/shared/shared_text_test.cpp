@@ -105,5 +105,36 @@ TEST(SharedText, ArrayThatCannotBeAllocatedRaises1929) {
   }
 }
 
+// Texts and growth that cannot be had used to hand on an empty block, which the next write
+// dereferenced; now every such allocation raises the layer's exception.
+TEST(SharedText, TextThatCannotBeAllocatedRaises1929InsteadOfWritingThroughNull) {
+  SharedText grown("abc");
+  const struct {
+    const char* name;
+    void (*attempt)(SharedText& grown);
+    const char* params;
+  } rows[] = {
+      {"room for a huge text", [](SharedText&) { SharedText::WithRoom(kMaxTextLength + 1); }, "text"},
+      {"copy of a huge text", [](SharedText&) { SharedText(nullptr, kMaxTextLength + 1); }, "text"},
+      {"resize past the limit", [](SharedText& text) { text.Resize(kMaxTextLength + 2); }, "text"},
+      {"array resize past the limit",
+       [](SharedText&) {
+         SharedText array = SharedText::Array(4, 16);
+         array.Resize(0x10000000);
+       },
+       "working array"},
+  };
+  for (const auto& row : rows) {
+    try {
+      row.attempt(grown);
+      ADD_FAILURE() << row.name << ": no exception";
+    } catch (const db_exception& e) {
+      EXPECT_EQ(e.code, 1929) << row.name;
+      EXPECT_EQ(e.params, row.params) << row.name;
+    }
+  }
+  EXPECT_STREQ(grown.c_str(), "abc") << "a failed resize leaves the text as it was";
+}
+
 }  // namespace
 }  // namespace quillon
