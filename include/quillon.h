@@ -186,8 +186,14 @@ QUILLON_API void QUILLON_CALL mathexpr_assign(mathexpr *target, mathexpr *source
 */
 QUILLON_API double QUILLON_CALL mathexpr_as_number(mathexpr *e);
 
-/* Truth values (0 or 1) about the root of e only: an error, the empty expression, a symbol,
-** a number (integers, rationals, reals and the truth values TRUE and FALSE). */
+/*
+** Truth values (0 or 1) about the root of e only, with no evaluation: an error, the empty
+** expression, a symbol, a number (integers, rationals, reals and the truth values TRUE and
+** FALSE). Example: "x +" is an error; "x" a symbol; "3/4" a number, while "1+2" is none of
+** them until evaluated.
+** Ownership: borrow e.
+** Errors: a NULL e gives 0.
+*/
 QUILLON_API uint32_t QUILLON_CALL mathexpr_is_error(mathexpr *e);
 QUILLON_API uint32_t QUILLON_CALL mathexpr_is_void(mathexpr *e);
 QUILLON_API uint32_t QUILLON_CALL mathexpr_is_symbol(mathexpr *e);
@@ -228,7 +234,10 @@ QUILLON_API mathsymtable *QUILLON_CALL mathsymtable_create(mathsymtable_resolver
 ** Adds a symbol of the given type; returns 1 if it is new, 0 if the name (compared without
 ** regard to case, over at most 301 bytes) was there, in which case its type is replaced.
 ** mathsymtable_add_ex also replaces the bits above the type class with extra (its low six bits
-** are dropped).
+** are dropped). Example: mathsymtable_add(t, "gdp", 15) makes gdp a series, so "gdp(-1)" parses
+** as its lag.
+** Ownership: borrows t and name (the name is copied).
+** Errors: a NULL table does nothing and gives 0; a NULL name counts as the empty name.
 */
 QUILLON_API uint32_t QUILLON_CALL mathsymtable_add(mathsymtable *t, const char *name, int32_t type);
 QUILLON_API uint32_t QUILLON_CALL mathsymtable_add_ex(mathsymtable *t, const char *name, int32_t type,

@@ -14,6 +14,7 @@ run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${WORK_DIR}/consumer -G ${GENERATOR}
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/consumer)
 run(${WORK_DIR}/consumer/consumer)
 run(${WORK_DIR}/consumer/shared_consumer)
+run(${WORK_DIR}/consumer/model_host)
 
 file(GLOB pc_file ${prefix}/lib*/pkgconfig/quillon.pc)
 set(ENV{PKG_CONFIG_PATH} "")
@@ -44,7 +45,7 @@ if(pc_text MATCHES "\\.\\." OR NOT pc_text MATCHES "prefix=${prefix}\n")
   message(FATAL_ERROR "pkg-config file paths are not plain:\n${pc_text}")
 endif()
 
-# The example host builds from the installed package alone and runs clean.
+# The example host builds from the installed package with the pkg-config flags alone too.
 set(ENV{LD_LIBRARY_PATH} ${libdir})
 run(cc -std=c99 ${CONSUMER_DIR}/../../../examples/model_host.c ${flags} -lm -o ${WORK_DIR}/model_host)
 run(${WORK_DIR}/model_host)
