@@ -19,14 +19,6 @@ namespace {
 
 class AnalysisProperties : public ExpressionTest {
  protected:
-  std::string Text(mathexpr* e) {
-    int32_t length = 0;
-    mathexpr_as_text(e, nullptr, 0, &length, 0);
-    std::string text(static_cast<size_t>(length), '\0');
-    mathexpr_as_text(e, text.data(), length, nullptr, 0);
-    return text;
-  }
-
   // The printed items of the list e.
   std::vector<std::string> Items(mathexpr* e) {
     std::vector<std::string> items;

@@ -63,14 +63,6 @@ class SmoothFormulas {
   std::mt19937 random_;
 };
 
-std::string Printed(mathexpr* e) {
-  int32_t length = 0;
-  mathexpr_as_text(e, nullptr, 0, &length, 0);
-  std::string text(static_cast<size_t>(length), '\0');
-  mathexpr_as_text(e, text.data(), length, nullptr, 0);
-  return text;
-}
-
 // The central difference of f in variable at point, with step h.
 double CentralDifference(const ENode* f, std::map<std::string, double> point, const std::string& variable, double h) {
   const double at = point[variable];
@@ -103,7 +95,7 @@ TEST_F(DerivProperty, PrintedDerivativeAgreesWithFiniteDifferences) {
     mathexpr* f = mathexpr_create(table, text.c_str());
     mathexpr* x = mathexpr_create(table, variable.c_str());
     mathexpr* derivative = mathexpr_deriv(f, x);
-    const std::string printed = Printed(derivative);
+    const std::string printed = Text(derivative);
     mathexpr* reread = mathexpr_create(table, printed.c_str());
     ASSERT_FALSE(mathexpr_is_error(reread)) << text << " gave " << printed;
     for (int sample = 0; sample < 2; ++sample) {
@@ -142,7 +134,7 @@ TEST_F(DerivProperty, GradientElementsAreTheSingleDerivatives) {
       mathexpr* expected = RootOf(v)->GetType() == SymbolType ? single : mathexpr_create(table, "0");
       mathexpr_evaluate(expected, 3);
       ASSERT_NE(element, nullptr) << text;
-      EXPECT_TRUE(NodeEqual(element, RootOf(expected))) << text << " by " << name << ": " << Printed(single);
+      EXPECT_TRUE(NodeEqual(element, RootOf(expected))) << text << " by " << name << ": " << Text(single);
       element = element->next;
       if (expected != single) mathexpr_destroy(expected);
       mathexpr_destroy(single);

@@ -16,14 +16,6 @@ constexpr uint32_t kSimplify = 3;
 
 enum class Holder { Clone, Child };
 
-std::string TextOf(mathexpr* e) {
-  int32_t length = 0;
-  mathexpr_as_text(e, nullptr, 0, &length, 0);
-  std::string text(static_cast<size_t>(length), '\0');
-  mathexpr_as_text(e, text.data(), length, nullptr, 0);
-  return text;
-}
-
 class SharedTrees : public ExpressionTest {
  protected:
   // Evaluates text through a clone, or through its root while a child handle is held, and
@@ -34,11 +26,11 @@ class SharedTrees : public ExpressionTest {
     mathexpr* other = holder == Holder::Clone ? mathexpr_clone(e) : mathexpr_first_child(e);
     mathexpr* target = holder == Holder::Clone ? other : e;
     mathexpr* kept = holder == Holder::Clone ? e : other;
-    const std::string before = TextOf(kept);
+    const std::string before = Text(kept);
     mathexpr_evaluate(target, kSimplify);
-    std::string result = TextOf(target);
+    std::string result = Text(target);
     if (holder == Holder::Child) {
-      EXPECT_EQ(TextOf(kept), before) << text;
+      EXPECT_EQ(Text(kept), before) << text;
     }
     EXPECT_TRUE(LinksConsistent(RootOf(kept))) << text;
     mathexpr_destroy(other);

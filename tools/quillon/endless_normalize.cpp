@@ -9,15 +9,9 @@
 #include <set>
 #include <vector>
 
-namespace {
+#include "evaluator.h"
 
-std::string TextOf(mathexpr* e) {
-  int32_t length = 0;
-  mathexpr_as_text(e, nullptr, 0, &length, 0);
-  std::string text(static_cast<size_t>(length), '\0');
-  mathexpr_as_text(e, text.data(), length, nullptr, 0);
-  return text;
-}
+namespace {
 
 // The texts of the whole numbers that source writes with a point or an exponent ("2.0" gives
 // "2"): the parser reads them as reals, which print like integers.
@@ -102,7 +96,7 @@ std::vector<std::string> ArgumentsOf(const std::string& text, size_t open, size_
 // no blanks); a stack of open parentheses says which of them belong to a @normalize.
 std::string EndlessNormalizeForm(mathexpr* e, const std::string& source) {
   const LagForms forms(source);
-  const std::string text = TextOf(e);
+  const std::string text = TextOf(e, false);
   std::vector<bool> normalizeParens;
   int insideNormalize = 0;
   for (size_t i = 0; i < text.size(); ++i) {

@@ -11,6 +11,7 @@
 #include <sstream>
 #include <strings.h>
 
+#include "evaluator.h"
 #include "quillon_program.h"
 
 bool TakeNumericOption(int argc, char** argv, int& i, NumericOptions& options, bool& bad) {
@@ -56,14 +57,6 @@ std::string NumberText(double v) {
     std::snprintf(text, sizeof text, "%.*g", precision, v);
     if (std::strtod(text, nullptr) == v) break;
   }
-  return text;
-}
-
-std::string TextOfExpr(mathexpr* e) {
-  int32_t length = 0;
-  mathexpr_as_text(e, nullptr, 0, &length, 0);
-  std::string text(static_cast<size_t>(length), '\0');
-  mathexpr_as_text(e, text.data(), length, nullptr, 0);
   return text;
 }
 
@@ -145,7 +138,7 @@ Program Compile(mathsymtable* table, const std::string& text, uint32_t mode) {
   mathexpr* e = mathexpr_create(table, text.c_str());
   mathexpr_evaluate(e, mode);
   if (mathexpr_is_error(e)) {
-    const std::string message = TextOfExpr(e);
+    const std::string message = TextOf(e, false);
     std::fprintf(stderr, "%s\n", message.size() > 4 ? message.substr(2, message.size() - 4).c_str() : message.c_str());
   }
   Program p(quillon_program_create(e), &quillon_program_destroy);
@@ -183,7 +176,7 @@ bool PrintPrepared(mathsymtable* table, uint32_t mode, const std::string& text) 
   mathexpr* e = mathexpr_create(table, ("@subexpr(" + text + ")").c_str());
   mathexpr_evaluate(e, mode);
   const bool failed = mathexpr_is_error(e) != 0;
-  std::printf("%s\n", TextOfExpr(e).c_str());
+  std::printf("%s\n", TextOf(e, false).c_str());
   mathexpr_destroy(e);
   if (failed) return false;
   Program p = Compile(table, text, mode);
