@@ -97,6 +97,9 @@ TEST_F(ProgramTest, PreparedFormsGiveTheStackEvaluatorsValues) {
 // table tested per observation); any other goes to the library power.
 TEST_F(ProgramTest, PowersTakeTheTableOfSpecialExponents) {
   const double b = 1.7;
+  // The platform's pow at run time: a call the compiler folds is rounded correctly, which the
+  // pow of some platforms is not.
+  volatile double five = 5.0, third = 1.0 / 3.0;
   const struct {
     const char* text;
     double exponent;
@@ -111,8 +114,8 @@ TEST_F(ProgramTest, PowersTakeTheTableOfSpecialExponents) {
       {"x^(-4)", -4, 1.0 / (b * b * b * b)},
       {"x^(1/2)", 0.5, std::sqrt(b)},
       {"x^(-1/2)", -0.5, 1.0 / std::sqrt(b)},
-      {"x^5", 5, std::pow(b, 5.0)},
-      {"x^(1/3)", 1.0 / 3.0, std::pow(b, 1.0 / 3.0)},
+      {"x^5", 5, std::pow(b, five)},
+      {"x^(1/3)", 1.0 / 3.0, std::pow(b, third)},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(Bits(One(row.text, {b})), Bits(row.expected)) << row.text;
