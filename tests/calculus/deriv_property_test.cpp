@@ -11,7 +11,7 @@
 #include <string>
 
 #include "core/node_order.h"
-#include "support/api_helpers.h"
+#include "support/expression_test.h"
 #include "support/tree_value.h"
 
 namespace quillon::testing {
@@ -72,18 +72,8 @@ double CentralDifference(const ENode* f, std::map<std::string, double> point, co
   return (above - ValueAt(f, point)) / (2 * h);
 }
 
-class DerivProperty : public NoLeakTest {
- protected:
-  void SetUp() override {
-    NoLeakTest::SetUp();
-    table = mathsymtable_create(nullptr, 1);
-  }
-  void TearDown() override {
-    mathsymtable_destroy(table);
-    NoLeakTest::TearDown();
-  }
-  mathsymtable* table = nullptr;
-};
+// The fixture's table adds every name it meets.
+class DerivProperty : public ExpressionTest {};
 
 TEST_F(DerivProperty, PrintedDerivativeAgreesWithFiniteDifferences) {
   std::mt19937 random(11);

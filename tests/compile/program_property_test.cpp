@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "quillon_program.h"
-#include "support/api_helpers.h"
+#include "support/expression_test.h"
 #include "support/random_formulas.h"
 
 namespace quillon::testing {
@@ -32,16 +32,11 @@ std::string RepeatingFormula(ExpressionGenerator& generator, uint32_t seed) {
   }
 }
 
-class ProgramProperty : public NoLeakTest {
+class ProgramProperty : public ExpressionTest {
  protected:
   void SetUp() override {
-    NoLeakTest::SetUp();
-    table = mathsymtable_create(nullptr, 1);
+    ExpressionTest::SetUp();
     for (const char* series : {"x", "y", "z"}) mathsymtable_add(table, series, 15);
-  }
-  void TearDown() override {
-    mathsymtable_destroy(table);
-    NoLeakTest::TearDown();
   }
 
   // Input columns of p from the rows of points, by the names the program gives its inputs.
@@ -56,8 +51,6 @@ class ProgramProperty : public NoLeakTest {
     }
     return columns;
   }
-
-  mathsymtable* table = nullptr;
 };
 
 TEST_F(ProgramProperty, BothEnginesComputeTheFormulaAndAgreeToTheBit) {
