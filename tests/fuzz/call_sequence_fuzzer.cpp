@@ -2,10 +2,12 @@
 // shared by clone, assign and child walks meet wildcards, rules and evaluation in every order a
 // host could call them. Empty slots are passed as NULL on purpose: every export must take it.
 // Whatever the order, no call may crash, leak or trip a sanitizer.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 
+#include "growth_filter.h"
 #include "quillon.h"
 
 namespace {
@@ -31,25 +33,41 @@ class Program {
   size_t position_ = 0;
 };
 
-// Modes a host passes: the stages alone and together, and each bit that acts with simplify.
-constexpr uint32_t kModes[] = {3, 1, 2, 4, 7, 0x10003, 0x20003, 0x40003, 0x60003, 0x80003, 0x100003, 0x20000};
+// Modes a host passes: the stages alone and together, and each bit that acts with simplify but
+// expansion, whose growth is combinatorial by design (see growth_filter.h).
+constexpr uint32_t kModes[] = {3, 1, 2, 4, 7, 0x10003, 0x40003, 0x80003, 0x100003};
+
+// Each order of a derivative may multiply the size of a tree by the tree's own size (the product
+// rule copies a product once per factor) times the variable's (a derivative by a variable that is
+// no symbol stays as notation that holds a copy of it, and the next order differentiates that
+// anew). So orders stay low, and a call whose bound on that growth passes kMaxWrapperWork is not
+// made: that is the host's request, not a fault. A wrapper of order 0 may still double a tree
+// given twice; the bound for it is the plain size.
+constexpr int32_t kMaxOrder = 2;
+constexpr int64_t kMaxWrapperWork = int64_t{1} << 20;
 
 using Wrapper = mathexpr* (*)(mathexpr* a, mathexpr* b, mathexpr* c, int32_t n);
-constexpr Wrapper kWrappers[] = {
-    [](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_deriv(a, b); },
-    [](mathexpr* a, mathexpr* b, mathexpr* c, int32_t) { return mathexpr_deriv2(a, b, c); },
-    [](mathexpr* a, mathexpr* b, mathexpr*, int32_t n) { return mathexpr_derivx(a, b, n); },
-    [](mathexpr* a, mathexpr* b, mathexpr* c, int32_t n) { return mathexpr_taylor(a, b, c, n); },
-    [](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_lincoefs(a, b); },
-    [](mathexpr* a, mathexpr*, mathexpr*, int32_t n) { return mathexpr_symlist(a, n); },
-    [](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_normalize(a, b); },
-    [](mathexpr* a, mathexpr*, mathexpr*, int32_t) { return mathexpr_sort(a); },
-    [](mathexpr* a, mathexpr*, mathexpr*, int32_t) { return mathexpr_distinct(a); },
-    [](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_join(a, b); },
-    [](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_union(a, b); },
-    [](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_intersection(a, b); },
-    [](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_complement(a, b); },
-    [](mathexpr* a, mathexpr* b, mathexpr*, int32_t n) { return mathexpr_find(a, b, static_cast<uint8_t>(n)); },
+struct WrapperCall {
+  Wrapper call;
+  int order;  // of the derivatives it takes, or 1 for a function of two trees
+};
+constexpr WrapperCall kWrappers[] = {
+    {[](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_deriv(a, b); }, 1},
+    {[](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_deriv2(a, b, b); }, 2},
+    {[](mathexpr* a, mathexpr* b, mathexpr*, int32_t n) { return mathexpr_derivx(a, b, n % (kMaxOrder + 1)); },
+     kMaxOrder},
+    {[](mathexpr* a, mathexpr* b, mathexpr* c, int32_t n) { return mathexpr_taylor(a, b, c, n % (kMaxOrder + 1)); },
+     kMaxOrder},
+    {[](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_lincoefs(a, b); }, 1},
+    {[](mathexpr* a, mathexpr*, mathexpr*, int32_t n) { return mathexpr_symlist(a, n); }, 0},
+    {[](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_normalize(a, b); }, 1},
+    {[](mathexpr* a, mathexpr*, mathexpr*, int32_t) { return mathexpr_sort(a); }, 0},
+    {[](mathexpr* a, mathexpr*, mathexpr*, int32_t) { return mathexpr_distinct(a); }, 0},
+    {[](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_join(a, b); }, 1},
+    {[](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_union(a, b); }, 1},
+    {[](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_intersection(a, b); }, 1},
+    {[](mathexpr* a, mathexpr* b, mathexpr*, int32_t) { return mathexpr_complement(a, b); }, 1},
+    {[](mathexpr* a, mathexpr* b, mathexpr*, int32_t n) { return mathexpr_find(a, b, static_cast<uint8_t>(n)); }, 1},
 };
 
 // Exports that read an expression (or two) and give plain values.
@@ -71,14 +89,19 @@ void Inspect(mathexpr* a, mathexpr* b) {
   mathexpr_irange2d(a, b, &low, &high, &low2, &high2);
 }
 
-// A wrapper given one handle twice may double a tree, and a program of them would ask for 2^64
-// nodes; that is the host's request, not a fault, so wrappers stop taking trees this large.
-constexpr int32_t kMaxWrapperNodes = 4096;
-
-int32_t NodesOf(mathexpr* e) {
+int64_t NodesOf(mathexpr* e) {
   int32_t nodes = 0;
   mathexpr_get_attributes(e, &nodes, nullptr, nullptr);
   return nodes;
+}
+
+// Whether the call's growth bound stays within kMaxWrapperWork.
+bool WithinWork(const WrapperCall& wrapper, mathexpr* a, mathexpr* b) {
+  const int64_t size = std::max<int64_t>(NodesOf(a), 1);
+  const int64_t perOrder = size * (4 * NodesOf(b) + 1);
+  int64_t work = 1;
+  for (int k = 0; k < wrapper.order && work <= kMaxWrapperWork; ++k) work *= perOrder;
+  return std::max(work, size) <= kMaxWrapperWork;
 }
 
 // Stores a new handle in a slot, letting go of the one it held.
@@ -99,17 +122,21 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     mathexpr*& target = slots[program.Next() % kSlots];
     mathexpr* source = slots[program.Next() % kSlots];
     switch (op) {
-      case 0: Put(target, mathexpr_create(everything, program.Text().c_str())); break;
+      case 0: {
+        const std::string text = program.Text();
+        if (!AsksForCombinatorialGrowth(text)) Put(target, mathexpr_create(everything, text.c_str()));
+        break;
+      }
       case 1: Put(target, mathexpr_clone(source)); break;
       case 2: mathexpr_assign(target, source); break;
       case 3: Put(target, mathexpr_first_child(source)); break;
       case 4: mathexpr_next_child(&target); break;
       case 5: mathexpr_evaluate(target, kModes[program.Next() % (sizeof kModes / sizeof kModes[0])]); break;
       case 6: {
-        const Wrapper wrapper = kWrappers[program.Next() % (sizeof kWrappers / sizeof kWrappers[0])];
+        const WrapperCall& wrapper = kWrappers[program.Next() % (sizeof kWrappers / sizeof kWrappers[0])];
         mathexpr* third = slots[program.Next() % kSlots];
         const int32_t n = program.Next() % 8;
-        if (NodesOf(source) + NodesOf(third) <= kMaxWrapperNodes) Put(target, wrapper(source, third, source, n));
+        if (WithinWork(wrapper, source, third)) Put(target, wrapper.call(source, third, source, n));
         break;
       }
       case 7: {

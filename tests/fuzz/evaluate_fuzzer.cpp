@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "growth_filter.h"
 #include "quillon.h"
 
 namespace {
@@ -34,10 +35,7 @@ void ComputeOnTheStack(mathexpr* e, const std::string& text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static mathsymtable* everything = mathsymtable_create(nullptr, 1);
-  // Expansion is left out: its result grows with the multinomial count by design (a power of
-  // a sum of 28 terms to the 5th has 201,376 products), which is slow rather than wrong, and
-  // expansion and factoring together undo each other for ever. So is @derivx, whose list of n
-  // derivatives has n^2 / 2 variables in it by design.
+  // Expansion is left out, as are texts that ask for it (see growth_filter.h).
   static const uint32_t modes[] = {3, 1, 2, 4, 7, 0x10003, 0x40003, 0x80003, 0x100000};
   // Plain, lagged and listed variables, and a variable that is a function call.
   static const char* const variables[] = {"x", "y", "a", "x(-1)", "@list(x, y, 2, x(-1))", "@sin(x)", "3", "#1"};
@@ -45,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const uint32_t mode = modes[data[0] % (sizeof modes / sizeof modes[0])];
   const char* variable = variables[(data[0] >> 4) % (sizeof variables / sizeof variables[0])];
   const std::string text(reinterpret_cast<const char*>(data) + 1, size - 1);
-  if (text.find("expand") != std::string::npos || text.find("derivx") != std::string::npos) return 0;
+  if (AsksForCombinatorialGrowth(text)) return 0;
   mathexpr* e = mathexpr_create(everything, text.c_str());
   mathexpr* v = mathexpr_create(everything, variable);
   mathexpr* d = mathexpr_deriv(e, v);
