@@ -41,10 +41,12 @@ constexpr uint32_t kModes[] = {3, 1, 2, 4, 7, 0x10003, 0x40003, 0x80003, 0x10000
 // rule copies a product once per factor) times the variable's (a derivative by a variable that is
 // no symbol stays as notation that holds a copy of it, and the next order differentiates that
 // anew). So orders stay low, and a call whose bound on that growth passes kMaxWrapperWork is not
-// made: that is the host's request, not a fault. A wrapper of order 0 may still double a tree
-// given twice; the bound for it is the plain size.
+// made: that is the host's request, not a fault. A wrapper given one handle twice may double a
+// tree, and a program of them would ask for 2^64 nodes, so the trees a wrapper takes are also
+// bounded in plain size.
 constexpr int32_t kMaxOrder = 2;
 constexpr int64_t kMaxWrapperWork = int64_t{1} << 20;
+constexpr int64_t kMaxWrapperNodes = 4096;
 
 using Wrapper = mathexpr* (*)(mathexpr* a, mathexpr* b, mathexpr* c, int32_t n);
 struct WrapperCall {
@@ -95,13 +97,14 @@ int64_t NodesOf(mathexpr* e) {
   return nodes;
 }
 
-// Whether the call's growth bound stays within kMaxWrapperWork.
+// Whether the trees are small enough and the call's growth bound stays within kMaxWrapperWork.
 bool WithinWork(const WrapperCall& wrapper, mathexpr* a, mathexpr* b) {
+  if (NodesOf(a) + NodesOf(b) > kMaxWrapperNodes) return false;
   const int64_t size = std::max<int64_t>(NodesOf(a), 1);
   const int64_t perOrder = size * (4 * NodesOf(b) + 1);
   int64_t work = 1;
   for (int k = 0; k < wrapper.order && work <= kMaxWrapperWork; ++k) work *= perOrder;
-  return std::max(work, size) <= kMaxWrapperWork;
+  return work <= kMaxWrapperWork;
 }
 
 // Stores a new handle in a slot, letting go of the one it held.
