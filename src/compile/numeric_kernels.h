@@ -19,29 +19,28 @@ inline constexpr double kNA = std::bit_cast<double>(uint64_t{0xFFF8000000000000u
 
 // ---- Sums and products. Up to eight arguments combine in a fixed order (a1 op a0 for two;
 // ((a2 op a1) op a3 ... op a(n-1)) op a0 for three to eight); above eight strictly from left
-// to right. Hosts compare results bit for bit, so every evaluator combines in this order.
+// to right. Hosts compare results bit for bit, so every evaluator combines in this order: arg(k)
+// gives argument k, and op combines two, as doubles here or as operands in the batch compiler.
 inline constexpr int32_t kUnrolledArguments = 8;
 
-// The argument combined at step k of n (step 0 is the starting value).
-constexpr int32_t CombinationIndex(int32_t n, int32_t k) {
-  if (n == 1 || n > kUnrolledArguments) return k;
-  if (n == 2) return 1 - k;
-  if (k == 0) return 2;
-  if (k == 1) return 1;
-  return k == n - 1 ? 0 : k + 1;
-}
-
-template <class Op>
-inline double CombineInOrder(const double* args, int32_t n, Op op) {
-  double result = args[CombinationIndex(n, 0)];
-  for (int32_t k = 1; k < n; ++k) result = op(result, args[CombinationIndex(n, k)]);
-  return result;
+template <class Arg, class Op>
+inline auto CombineInOrder(int32_t n, Arg arg, Op op) {
+  if (n == 1) return arg(0);
+  if (n == 2) return op(arg(1), arg(0));
+  if (n > kUnrolledArguments) {
+    auto result = op(arg(0), arg(1));
+    for (int32_t k = 2; k < n; ++k) result = op(result, arg(k));
+    return result;
+  }
+  auto result = op(arg(2), arg(1));
+  for (int32_t k = 3; k < n; ++k) result = op(result, arg(k));
+  return op(result, arg(0));
 }
 inline double SumInOrder(const double* args, int32_t n) {
-  return CombineInOrder(args, n, [](double a, double b) { return a + b; });
+  return CombineInOrder(n, [args](int32_t k) { return args[k]; }, [](double a, double b) { return a + b; });
 }
 inline double ProductInOrder(const double* args, int32_t n) {
-  return CombineInOrder(args, n, [](double a, double b) { return a * b; });
+  return CombineInOrder(n, [args](int32_t k) { return args[k]; }, [](double a, double b) { return a * b; });
 }
 
 // ---- Powers. The exponents that canonical forms produce for squares, inverses and roots avoid

@@ -112,21 +112,10 @@ class ProgramCompiler {
     return Constant(kNA);
   }
 
-  // Sums and products: up to eight arguments ((a2 op a1) op a3 ... op a(n-1)) op a0, beyond
-  // that strictly left to right.
+  // Sums and products, in the stack evaluator's order.
   Value Fold(ProgramOp op, int32_t first, int32_t n) {
-    const auto arg = [&](int32_t k) { return CellAt(first + k); };
-    const auto combine = [&](Value a, Value b) { return Combine2(op, a, b); };
-    if (n == 1) return arg(0);
-    if (n == 2) return combine(arg(1), arg(0));
-    if (n > 8) {
-      Value sum = combine(arg(0), arg(1));
-      for (int32_t k = 2; k < n; ++k) sum = combine(sum, arg(k));
-      return sum;
-    }
-    Value sum = combine(arg(2), arg(1));
-    for (int32_t k = 3; k < n; ++k) sum = combine(sum, arg(k));
-    return combine(sum, arg(0));
+    return CombineInOrder(
+        n, [&](int32_t k) { return CellAt(first + k); }, [&](Value a, Value b) { return Combine2(op, a, b); });
   }
 
   // A constant operand is read as one number rather than a block. Sums and products of two

@@ -15,6 +15,8 @@ class IntENode final : public ENode {
   void Negate() override { value = static_cast<int32_t>(0u - static_cast<uint32_t>(value)); }
   Rational GetRational() const override { return {value, 1}; }
   double GetValue() const override { return value; }
+  // Literals are leaves of every numeric walk: one call, not two.
+  double GetValueAt(const double*, const double*) const override { return value; }
   uint32_t Hash() const override;
   ENode* CloneNode() const override { return new IntENode(value); }
   SharedText Print() const override;

@@ -13,6 +13,8 @@ class RealENode final : public ENode {
   bool IsNegative() const override { return value < 0.0; }
   void Negate() override { value = -value; }
   double GetValue() const override { return value; }
+  // Literals are leaves of every numeric walk: one call, not two.
+  double GetValueAt(const double*, const double*) const override { return value; }
   uint32_t Hash() const override;
   ENode* CloneNode() const override { return new RealENode(value); }
   SharedText Print() const override;
