@@ -547,12 +547,16 @@ QUILLON_API uint32_t QUILLON_CALL mathexpr_irange2d(mathexpr *e, mathexpr *s, in
 ** from left to right, and the exponents 2, 3, 4, -1, -2, -3, -4, 0.5 and -0.5 are computed by
 ** products and square roots, so results are the same bit for bit on every call. The elementary,
 ** trigonometric, rounding and special functions, the standard normal, logistic and extreme value
-** distributions (@cnorm, @dnorm, @qnorm, ...), @recode, @nan, @isna, @pmin, @pmax and the
-** comparisons and and, or, not (1 for true, 0 for false, NA for a missing operand) have values;
-** every other function (random draws, series, sample statistics, text, dates), a call with the
-** wrong number of arguments (but log and exp take their first argument and ^ its first two,
-** whatever follows), a derivative notation such as f[1](x), a symbol that was not prepared and
-** any text or date leaf gives NA, the value with the bits 0xFFF8000000000000.
+** distributions (@cnorm, @dnorm, @qnorm, ...), the chi-square, t, F, beta, lognormal and uniform
+** distributions (@cchisq(x, k), @dtdist(x, v), @qfdist(p, v1, v2), @cbeta(x, a, b),
+** @clognorm(x, mu, s), @qunif(p, low, high), ...), the binomial and Poisson distribution
+** functions and masses (@cbinom(x, n, p), @dpoisson(x, mu), ...; NA for a parameter outside its
+** domain, or a degree of freedom, shape, mean or count above 1e6), @recode, @nan, @isna, @pmin,
+** @pmax and the comparisons and and, or, not (1 for true, 0 for false, NA for a missing operand)
+** have values; every other function (random draws, series, sample statistics, text, dates), a
+** call with the wrong number of arguments (but log and exp take their first argument and ^ its
+** first two, whatever follows), a derivative notation such as f[1](x), a symbol that was not
+** prepared and any text or date leaf gives NA, the value with the bits 0xFFF8000000000000.
 ** e is not changed, so several threads may evaluate one prepared expression at once.
 ** Ownership: borrows e, stack and inputs; the values stay in stack after the call.
 ** Errors: a NULL e or stack returns 0 and writes nothing; domain errors give what the platform's

@@ -5,6 +5,8 @@
 #include <cstring>
 #include <numbers>
 
+#include "compile/distribution_kernels.h"
+
 namespace quillon {
 
 double AndKernel(const double* args, int32_t n) {
@@ -173,6 +175,15 @@ template <double (*F)(double)>
 constexpr NumericKernel FirstOfAny(const char* function) {
   return {.function = function, .form = KernelForm::FirstOfAny, .unary = F, .stackOp = FirstOfAnyOp<F>};
 }
+// Three arguments, as the distributions with two parameters take them; any other count is NA.
+template <double (*F)(double, double, double)>
+double OfThree(const double* args, int32_t n) {
+  return n == 3 ? F(args[0], args[1], args[2]) : kNA;
+}
+template <double (*F)(double, double, double)>
+constexpr NumericKernel Ternary(const char* function) {
+  return List<OfThree<F>>(function);
+}
 template <double (*F)(double, double)>
 constexpr NumericKernel PowerOfAny(const char* function) {
   return {.function = function, .form = KernelForm::PowerOfAny, .binary = F, .stackOp = PowerOfAnyOp<F>};
@@ -252,6 +263,29 @@ const NumericKernel kKernels[] = {
     Unary<CnormKernel>("@cnorm"),
     Unary<DnormKernel>("@dnorm"),
     Unary<QnormKernel>("@qnorm"),
+    // ---- Distributions with parameters
+    Ternary<CbetaKernel>("@cbeta"),
+    Ternary<DbetaKernel>("@dbeta"),
+    Ternary<QbetaKernel>("@qbeta"),
+    Ternary<CbinomKernel>("@cbinom"),
+    Ternary<DbinomKernel>("@dbinom"),
+    Binary<CchisqKernel>("@cchisq"),
+    Binary<DchisqKernel>("@dchisq"),
+    Binary<QchisqKernel>("@qchisq"),
+    Ternary<CfdistKernel>("@cfdist"),
+    Ternary<DfdistKernel>("@dfdist"),
+    Ternary<QfdistKernel>("@qfdist"),
+    Ternary<ClognormKernel>("@clognorm"),
+    Ternary<DlognormKernel>("@dlognorm"),
+    Ternary<QlognormKernel>("@qlognorm"),
+    Binary<CpoissonKernel>("@cpoisson"),
+    Binary<DpoissonKernel>("@dpoisson"),
+    Binary<CtdistKernel>("@ctdist"),
+    Binary<DtdistKernel>("@dtdist"),
+    Binary<QtdistKernel>("@qtdist"),
+    Ternary<CunifKernel>("@cunif"),
+    Ternary<DunifKernel>("@dunif"),
+    Ternary<QunifKernel>("@qunif"),
     // ---- Compilation
     KeepAll("@sublist"),
 };
