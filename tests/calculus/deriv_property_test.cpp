@@ -12,14 +12,15 @@
 
 #include "core/node_order.h"
 #include "support/expression_test.h"
+#include "support/random_formulas.h"
 #include "support/tree_value.h"
 
 namespace quillon::testing {
 namespace {
 
-class SmoothFormulas {
+class SmoothFormulas : public RandomText {
  public:
-  explicit SmoothFormulas(uint32_t seed) : random_(seed) {}
+  explicit SmoothFormulas(uint32_t seed) : RandomText(seed) {}
 
   std::string Any(int depth) {
     if (depth <= 0) return Leaf();
@@ -54,13 +55,6 @@ class SmoothFormulas {
   }
   std::string Leaf() { return Pick(4) == 0 ? std::to_string(static_cast<int>(Pick(7)) - 3) : Variable(); }
   std::string Variable() { return std::string(1, "xyz"[Pick(3)]); }
-  std::string Exponent() {
-    const int e = static_cast<int>(Pick(6)) - 2;
-    return e <= 0 ? "(" + std::to_string(e - 1) + ")" : std::to_string(e);
-  }
-  uint32_t Pick(uint32_t n) { return random_() % n; }
-
-  std::mt19937 random_;
 };
 
 // The central difference of f in variable at point, with step h.

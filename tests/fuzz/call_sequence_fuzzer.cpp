@@ -99,9 +99,9 @@ int64_t NodesOf(mathexpr* e) {
 
 // Whether the trees are small enough and the call's growth bound stays within kMaxWrapperWork.
 bool WithinWork(const WrapperCall& wrapper, mathexpr* a, mathexpr* b) {
-  if (NodesOf(a) + NodesOf(b) > kMaxWrapperNodes) return false;
-  const int64_t size = std::max<int64_t>(NodesOf(a), 1);
-  const int64_t perOrder = size * (4 * NodesOf(b) + 1);
+  const int64_t nodesA = NodesOf(a), nodesB = NodesOf(b);
+  if (nodesA + nodesB > kMaxWrapperNodes) return false;
+  const int64_t perOrder = std::max<int64_t>(nodesA, 1) * (4 * nodesB + 1);
   int64_t work = 1;
   for (int k = 0; k < wrapper.order && work <= kMaxWrapperWork; ++k) work *= perOrder;
   return work <= kMaxWrapperWork;

@@ -15,10 +15,26 @@
 
 namespace quillon::testing {
 
-class ExpressionGenerator {
+// The draws every formula generator makes; each writes its own grammar on them.
+class RandomText {
+ protected:
+  explicit RandomText(uint32_t seed) : random_(seed) {}
+
+  uint32_t Pick(uint32_t n) { return random_() % n; }
+  // -3 to 3 without 0, the negative ones in parentheses.
+  std::string Exponent() {
+    const int e = static_cast<int>(Pick(6)) - 2;
+    return e <= 0 ? "(" + std::to_string(e - 1) + ")" : std::to_string(e);
+  }
+
+ private:
+  std::mt19937 random_;
+};
+
+class ExpressionGenerator : public RandomText {
  public:
   explicit ExpressionGenerator(uint32_t seed, std::vector<std::string> variables = {"x", "y", "z"})
-      : random_(seed), variables_(std::move(variables)) {}
+      : RandomText(seed), variables_(std::move(variables)) {}
 
   // Any expression: positive or not.
   std::string Any(int depth) {
@@ -57,13 +73,7 @@ class ExpressionGenerator {
     }
   }
   std::string Variable() { return variables_[Pick(static_cast<uint32_t>(variables_.size()))]; }
-  std::string Exponent() {
-    const int e = static_cast<int>(Pick(6)) - 2;
-    return e <= 0 ? "(" + std::to_string(e - 1) + ")" : std::to_string(e);
-  }
-  uint32_t Pick(uint32_t n) { return random_() % n; }
 
-  std::mt19937 random_;
   std::vector<std::string> variables_;
 };
 
